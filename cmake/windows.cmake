@@ -1,0 +1,29 @@
+# The Win32 platform, the program file and the test helpers.
+set(TARVELON_WIN_LIBS comctl32 comdlg32 shell32 ole32 imagehlp gdi32 user32 advapi32 version)
+
+# Static C and C++ runtime: no DLL beside the program file. ASLR and DEP on.
+set(TARVELON_WIN_LINK -static -static-libgcc -static-libstdc++
+    -Wl,--dynamicbase -Wl,--nxcompat)
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  list(APPEND TARVELON_WIN_LINK -Wl,--high-entropy-va)
+endif()
+
+# Windows XP is the oldest system the program file must load on.
+add_compile_definitions(_WIN32_WINNT=0x0501 WINVER=0x0501 _WIN32_IE=0x0600)
+
+add_library(tarvelon_win32 STATIC ${TARVELON_WIN32_SOURCES})
+target_link_libraries(tarvelon_win32 PUBLIC tarvelon_core ${TARVELON_WIN_LIBS})
+target_link_options(tarvelon_win32 INTERFACE ${TARVELON_WIN_LINK})
+
+enable_language(RC)
+configure_file(packaging/version.rc.in ${CMAKE_BINARY_DIR}/version.rc @ONLY)
+add_executable(TarvelonLow WIN32
+  platform/win32/program_entry.cpp
+  ${CMAKE_BINARY_DIR}/version.rc)
+target_include_directories(TarvelonLow PRIVATE ${PROJECT_SOURCE_DIR}/packaging)
+target_link_libraries(TarvelonLow PRIVATE tarvelon_win32)
+set_target_properties(TarvelonLow PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+if(TARVELON_TESTS)
+  add_subdirectory(tools)
+endif()

@@ -1,0 +1,51 @@
+// The state of one run of the program, under the names the product gives it.
+// One object per run, handed to every handler by reference.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/platform_set.h"
+#include "core/section_blocks.h"
+
+namespace tv {
+
+inline constexpr std::int16_t kTrue = -1;  // flags are 16-bit, True is -1
+inline constexpr std::int16_t kFalse = 0;
+inline constexpr std::int16_t kNoShutdown = -1;
+
+struct AppContext {
+    explicit AppContext(PlatformSet platform) : os(platform) {}
+
+    PlatformSet os;
+
+    // Paths, fixed at start-up. appPath always ends in a backslash.
+    std::string appPath;
+    std::string settFile;
+    std::string intFile;
+    std::string regFile;
+
+    // Values read from the settings file.
+    std::string algoName;
+    std::int32_t readBuffer = 0;
+    std::int32_t passCount = 0;
+    std::int16_t useWsh = 0;
+    std::string quoteChar;
+    bool shortPaths = false;
+    bool autoScanFailed = false;
+
+    // How this run was started and what it is doing.
+    std::int16_t shutAction = kNoShutdown;
+    std::string cmdLine;
+    bool autoLoadRun = false;
+    bool schedRun = false;
+    bool primaryBuild = false;
+    bool primaryScan = false;
+
+    // The baselines in memory: the system directory's, and the custom folder's in hand.
+    SectionBlocks section;  // sectionText / sectionName
+    SectionBlocks custom;   // customText / customName
+    std::string customFolder;
+};
+
+}  // namespace tv

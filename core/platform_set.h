@@ -1,0 +1,24 @@
+// The platform interfaces one run works with, handed to every handler.
+#pragma once
+
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/form.h"
+#include "platform/message_boxes.h"
+#include "platform/processes.h"
+#include "platform/profile_files.h"
+#include "platform/shell.h"
+
+namespace tv {
+
+struct PlatformSet {
+    Files& files;
+    ProfileFiles& profiles;
+    Shell& shell;
+    MessageBoxes& boxes;
+    Processes& processes;
+    EventLoop& loop;
+    ui::Renderer& renderer;
+};
+
+}  // namespace tv

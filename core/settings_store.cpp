@@ -1,0 +1,53 @@
+#include "core/settings_store.h"
+
+#include "core/settings_text.h"
+#include "core/text.h"
+
+namespace tv {
+
+bool checkSettFile(AppContext& ctx) {
+    Files& files = ctx.os.files;
+    if (files.canRead(ctx.settFile)) return true;
+    // Opening for appending makes the file, and fails on a file held by
+    // another program, which must then keep its content.
+    if (!files.append(ctx.settFile, "")) return false;
+    return files.writeAll(ctx.settFile, newSettingsFileText());
+}
+
+std::optional<std::string> getSetting(const AppContext& ctx, const std::string& request) {
+    const auto text = ctx.os.files.readAll(ctx.settFile);
+    if (!text) return std::nullopt;
+    return settingFromText(*text, request);
+}
+
+std::string readIni(const AppContext& ctx, const std::string& file, const std::string& key,
+                    const std::string& section) {
+    return ctx.os.profiles.get(section, key, 250, file);
+}
+
+std::string readIni(const AppContext& ctx, const std::string& file, const std::string& key,
+                    int section) {
+    return readIni(ctx, file, key, std::to_string(section));
+}
+
+namespace {
+
+bool isDirectWriteFile(const std::string& file) {
+    const std::string tail = upperCase(rightText(file, 12));
+    return tail == "REGISTRY.DAT" || tail == "TARVELON.DAT";
+}
+
+}  // namespace
+
+WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::string& key,
+                        const std::string& value, const std::string& section) {
+    if (ctx.primaryScan || isDirectWriteFile(file)) {
+        return ctx.os.profiles.put(section, key, value, file) ? WriteOutcome::WrittenToDisk
+                                                              : WriteOutcome::DiskWriteFailed;
+    }
+    SectionBlocks& blocks = ctx.customFolder.empty() ? ctx.section : ctx.custom;
+    return writeEntryToBlocks(blocks, section, key, value) ? WriteOutcome::StoredInMemory
+                                                           : WriteOutcome::NoSuchSection;
+}
+
+}  // namespace tv

@@ -1,0 +1,43 @@
+#include "core/vb_number.h"
+
+#include <cmath>
+#include <limits>
+
+#include "core/text.h"
+
+namespace tv {
+namespace {
+
+std::optional<double> parseNumber(std::string_view raw) {
+    const std::string text = trimBlanks(raw);
+    std::size_t i = 0;
+    bool negative = false;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+    double whole = 0;
+    bool digits = false;
+    for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, digits = true)
+        whole = whole * 10 + (text[i] - '0');
+    double fraction = 0, scale = 1;
+    if (i < text.size() && text[i] == '.') {
+        for (++i; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i, digits = true)
+            fraction += (text[i] - '0') * (scale /= 10);
+    }
+    if (!digits || i != text.size()) return std::nullopt;
+    const double value = std::nearbyint(whole + fraction);  // default rounding: half to even
+    return negative ? -value : value;
+}
+
+template <class Int>
+std::optional<Int> toInt(std::string_view text) {
+    const auto value = parseNumber(text);
+    if (!value || *value < std::numeric_limits<Int>::min() || *value > std::numeric_limits<Int>::max())
+        return std::nullopt;
+    return static_cast<Int>(*value);
+}
+
+}  // namespace
+
+std::optional<std::int32_t> toInt32(std::string_view text) { return toInt<std::int32_t>(text); }
+std::optional<std::int16_t> toInt16(std::string_view text) { return toInt<std::int16_t>(text); }
+
+}  // namespace tv

@@ -1,0 +1,15 @@
+// Conversion of a settings value to a number the way the program has always
+// read them: blanks around the number are allowed, a fraction is rounded half to
+// even, and text that is no number, or a number out of range, is a failure.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace tv {
+
+std::optional<std::int32_t> toInt32(std::string_view text);
+std::optional<std::int16_t> toInt16(std::string_view text);
+
+}  // namespace tv

@@ -1,0 +1,104 @@
+// The logical control model. Handlers read and write only these objects; a
+// renderer mirrors them into real windows, or nowhere at all in tests.
+//
+// Program setters (setCaption, setValue, ...) change state and tell the renderer;
+// they never raise user events. The user...() entry points are what a click or a
+// key does: they change state where the user would and raise the event.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tv::ui {
+
+enum class Kind {
+    Label, FlatButton, FlatCheck, CheckBox, OptionButton, TextBox, ListBox,
+    ComboBox, ProgressBar, Frame, Image, Timer
+};
+
+// What changed, for the renderer.
+enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, Selection, Bounds, Interval };
+
+struct Bounds {
+    int left = 0, top = 0, width = 0, height = 0;  // pixels at 96 DPI, inside the parent
+};
+
+inline constexpr std::uint32_t kBlack = 0x000000;
+inline constexpr std::uint32_t kWhite = 0xFFFFFF;
+inline constexpr std::uint32_t kBlue = 0xFF0000;  // 0xBBGGRR
+
+class Control;
+using ChangeSink = std::function<void(Control&, Prop)>;
+
+class Control {
+public:
+    Control(Kind kind, std::string name, Control* parent, Bounds bounds, std::string caption);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Kind kind() const { return kind_; }
+    const std::string& name() const { return name_; }
+    Control* parent() const { return parent_; }
+    const Bounds& bounds() const { return bounds_; }
+    int tabIndex() const { return tabIndex_; }
+    void setTabIndex(int index) { tabIndex_ = index; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+
+    bool visible() const { return visible_; }
+    void setVisible(bool visible);
+    // Visible itself and inside visible frames.
+    bool shown() const;
+
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+
+    // Check state (0 or 1), option state, progress position, timer interval, or
+    // list selection (-1 for none), by kind.
+    int value() const { return value_; }
+    void setValue(int value);
+
+    std::uint32_t foreColour() const { return foreColour_; }
+    bool underlined() const { return underlined_; }
+    void setLook(std::uint32_t foreColour, bool underlined = false);
+
+    // List and combo items.
+    const std::vector<std::string>& items() const { return items_; }
+    void addItem(std::string item);
+    void clearItems();
+
+    // What the user does.
+    void userClick();
+    void userSetValue(int value);  // a box ticked, an option chosen, an item picked
+    void userEditText(std::string text);
+    void userTick();               // a timer's interval has passed
+
+    std::function<void()> onClick;
+    std::function<void()> onChange;  // a user edit of text or selection
+    std::function<void()> onTick;
+
+    void setSink(ChangeSink sink) { sink_ = std::move(sink); }
+
+private:
+    void changed(Prop what);
+
+    Kind kind_;
+    std::string name_;
+    Control* parent_;
+    Bounds bounds_;
+    std::string caption_;
+    bool visible_ = true;
+    bool enabled_ = true;
+    int value_ = 0;
+    int tabIndex_ = 0;
+    std::uint32_t foreColour_ = kBlack;
+    bool underlined_ = false;
+    std::vector<std::string> items_;
+    ChangeSink sink_;
+};
+
+}  // namespace tv::ui

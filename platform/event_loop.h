@@ -1,0 +1,35 @@
+// The one thread's message handling. Long work keeps the thread and calls pump()
+// now and then, which is how clicks reach it while it runs.
+#pragma once
+
+#include <cstdint>
+
+namespace tv {
+
+namespace queue {
+inline constexpr std::uint32_t Key = 0x0001;
+inline constexpr std::uint32_t MouseButton = 0x0004;
+inline constexpr std::uint32_t Paint = 0x0020;
+inline constexpr std::uint32_t HotKey = 0x0080;
+inline constexpr std::uint32_t InputOrPaint = Key | MouseButton | Paint | HotKey;  // 165
+}  // namespace queue
+
+class EventLoop {
+public:
+    virtual ~EventLoop() = default;
+
+    // Lets every pending window message run once, then returns.
+    virtual void pump() = 0;
+
+    // The system's queue status word for the message kinds in `flags`: new kinds in
+    // the high word, all present kinds in the low word.
+    virtual std::uint32_t queueStatus(std::uint32_t flags) = 0;
+
+    // Runs until quit(); gives the exit code.
+    virtual int run() = 0;
+
+    // Ends run() (and the process) with this exit code.
+    virtual void quit(int exitCode) = 0;
+};
+
+}  // namespace tv

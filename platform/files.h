@@ -1,0 +1,48 @@
+// Files and folders. Paths are texts of the system's 8-bit code page. No call
+// throws; each reports failure through its result and leaves no half-made state
+// behind that it could have avoided.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tv {
+
+class Files {
+public:
+    virtual ~Files() = default;
+
+    // True when `path` is a file that this process can open for reading now.
+    // Missing files, folders and files locked against reading by another
+    // process all give false.
+    virtual bool canRead(const std::string& path) const = 0;
+
+    // True when `path` names an existing folder (a trailing backslash is allowed).
+    virtual bool isFolder(const std::string& path) const = 0;
+
+    // The whole content of a readable file; nullopt when it cannot be opened or read.
+    virtual std::optional<std::string> readAll(const std::string& path) const = 0;
+
+    // Creates the file, or empties an existing one, and writes `bytes`.
+    // False when the file cannot be opened for writing or the write fails.
+    virtual bool writeAll(const std::string& path, std::string_view bytes) = 0;
+
+    // Adds `bytes` at the end, creating a missing file. False on failure.
+    virtual bool append(const std::string& path, std::string_view bytes) = 0;
+
+    // Makes one folder (its parent must exist). False on failure, also when it exists.
+    virtual bool makeFolder(const std::string& path) = 0;
+
+    // Copies over an existing target. False on failure; the target is then unchanged
+    // where the system allows.
+    virtual bool copy(const std::string& from, const std::string& to) = 0;
+
+    virtual bool remove(const std::string& path) = 0;
+
+    // Length in bytes, nullopt when the file cannot be found.
+    virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;
+};
+
+}  // namespace tv

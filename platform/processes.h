@@ -1,0 +1,32 @@
+// The program's own process, and other programs started from it.
+#pragma once
+
+#include <string>
+
+namespace tv {
+
+namespace show {
+inline constexpr int Hidden = 0;
+inline constexpr int NormalFocus = 1;
+inline constexpr int MinimizedFocus = 2;
+inline constexpr int MaximizedFocus = 3;
+inline constexpr int NormalNoFocus = 4;
+inline constexpr int MinimizedNoFocus = 6;
+}  // namespace show
+
+class Processes {
+public:
+    virtual ~Processes() = default;
+
+    // The whole command line of this process, the program's own name included.
+    virtual std::string commandLine() const = 0;
+
+    // The full path of the program file.
+    virtual std::string modulePath() const = 0;
+
+    // Starts `commandLine` as typed (no command interpreter in between) with the
+    // window style `showStyle`, and does not wait for it. False when it cannot start.
+    virtual bool start(const std::string& commandLine, int showStyle) = 0;
+};
+
+}  // namespace tv

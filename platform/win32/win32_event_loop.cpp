@@ -1,0 +1,52 @@
+#include "platform/win32/win32_system.h"
+
+namespace tv::win32 {
+namespace {
+
+void dispatch(MSG& message) {
+    HWND dialogRoot = message.hwnd ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    if (dialogRoot && ::IsDialogMessageA(dialogRoot, &message)) return;
+    ::TranslateMessage(&message);
+    ::DispatchMessageA(&message);
+}
+
+}  // namespace
+
+void Win32EventLoop::pump() {
+    MSG message;
+    while (!quitting_ && ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            quitting_ = true;
+            exitCode_ = static_cast<int>(message.wParam);
+            break;
+        }
+        dispatch(message);
+    }
+}
+
+std::uint32_t Win32EventLoop::queueStatus(std::uint32_t flags) {
+    return ::GetQueueStatus(static_cast<UINT>(flags));
+}
+
+int Win32EventLoop::run() {
+    MSG message;
+    while (!quitting_) {
+        const BOOL got = ::GetMessageA(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            if (got == 0) exitCode_ = static_cast<int>(message.wParam);
+            break;
+        }
+        dispatch(message);
+    }
+    return exitCode_;
+}
+
+// Ending the program ends it at once, wherever it stands: no window is asked,
+// nothing is saved, even from inside a long scan's pump.
+void Win32EventLoop::quit(int exitCode) {
+    exitCode_ = exitCode;
+    quitting_ = true;
+    ::ExitProcess(static_cast<UINT>(exitCode));
+}
+
+}  // namespace tv::win32

@@ -1,0 +1,88 @@
+#include "platform/win32/win32_files.h"
+
+#include <algorithm>
+
+#include "platform/win32/unique_handle.h"
+
+namespace tv::win32 {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+
+UniqueFile openForReading(const std::string& path) {
+    return UniqueFile(::CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+}
+
+bool isFolderAttribute(DWORD attributes) {
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool writeWhole(HANDLE file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const DWORD chunk = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
+        DWORD written = 0;
+        if (!::WriteFile(file, bytes.data(), chunk, &written, nullptr) || written == 0) return false;
+        bytes.remove_prefix(written);
+    }
+    return true;
+}
+
+}  // namespace
+
+bool Win32Files::canRead(const std::string& path) const {
+    if (isFolderAttribute(::GetFileAttributesA(path.c_str()))) return false;
+    return openForReading(path).valid();
+}
+
+bool Win32Files::isFolder(const std::string& path) const {
+    return isFolderAttribute(::GetFileAttributesA(path.c_str()));
+}
+
+std::optional<std::string> Win32Files::readAll(const std::string& path) const {
+    if (isFolder(path)) return std::nullopt;
+    UniqueFile file = openForReading(path);
+    if (!file.valid()) return std::nullopt;
+    LARGE_INTEGER size{};
+    if (!::GetFileSizeEx(file.get(), &size)) return std::nullopt;
+    std::string text;
+    char chunk[65536];
+    text.reserve(static_cast<std::size_t>(size.QuadPart));
+    for (;;) {
+        DWORD got = 0;
+        if (!::ReadFile(file.get(), chunk, sizeof chunk, &got, nullptr)) return std::nullopt;
+        if (got == 0) break;
+        text.append(chunk, got);
+    }
+    return text;
+}
+
+bool Win32Files::writeAll(const std::string& path, std::string_view bytes) {
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.valid() && writeWhole(file.get(), bytes);
+}
+
+bool Win32Files::append(const std::string& path, std::string_view bytes) {
+    UniqueFile file(::CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
+                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.valid() && writeWhole(file.get(), bytes);
+}
+
+bool Win32Files::makeFolder(const std::string& path) {
+    return ::CreateDirectoryA(path.c_str(), nullptr) != 0;
+}
+
+bool Win32Files::copy(const std::string& from, const std::string& to) {
+    return ::CopyFileA(from.c_str(), to.c_str(), FALSE) != 0;
+}
+
+bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_str()) != 0; }
+
+std::optional<std::uint64_t> Win32Files::length(const std::string& path) const {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+    return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+}
+
+}  // namespace tv::win32

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace tv::win32 {
+
+class Win32Files final : public Files {
+public:
+    bool canRead(const std::string& path) const override;
+    bool isFolder(const std::string& path) const override;
+    std::optional<std::string> readAll(const std::string& path) const override;
+    bool writeAll(const std::string& path, std::string_view bytes) override;
+    bool append(const std::string& path, std::string_view bytes) override;
+    bool makeFolder(const std::string& path) override;
+    bool copy(const std::string& from, const std::string& to) override;
+    bool remove(const std::string& path) override;
+    std::optional<std::uint64_t> length(const std::string& path) const override;
+};
+
+}  // namespace tv::win32

@@ -1,0 +1,36 @@
+#include <vector>
+
+#include "platform/win32/unique_handle.h"
+#include "platform/win32/win32_system.h"
+
+namespace tv::win32 {
+
+std::string Win32Processes::commandLine() const { return ::GetCommandLineA(); }
+
+std::string Win32Processes::modulePath() const {
+    std::vector<char> buffer(MAX_PATH + 1, '\0');
+    for (;;) {
+        const DWORD length = ::GetModuleFileNameA(nullptr, buffer.data(),
+                                                  static_cast<DWORD>(buffer.size()));
+        if (length < buffer.size()) return std::string(buffer.data(), length);
+        buffer.resize(buffer.size() * 2);
+    }
+}
+
+bool Win32Processes::start(const std::string& commandLine, int showStyle) {
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = static_cast<WORD>(showStyle);
+    PROCESS_INFORMATION started{};
+    if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                          &startup, &started))
+        return false;
+    UniqueKernelObject process(started.hProcess);
+    UniqueKernelObject thread(started.hThread);
+    return true;
+}
+
+}  // namespace tv::win32

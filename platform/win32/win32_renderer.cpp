@@ -1,0 +1,331 @@
+#include "platform/win32/win32_renderer.h"
+
+#include <commctrl.h>
+
+#include <unordered_map>
+
+namespace tv::win32 {
+namespace {
+
+constexpr const char* kFormClass = "TarvelonForm";
+constexpr const char* kFrameClass = "TarvelonFrame";
+constexpr int kFirstControlId = 1000;
+
+using ui::Control;
+using ui::Kind;
+using ui::Prop;
+
+struct ClassAndStyle {
+    const char* className;
+    DWORD style;
+    DWORD exStyle;
+};
+
+ClassAndStyle windowKind(Kind kind) {
+    switch (kind) {
+    case Kind::Label: return {"STATIC", SS_LEFT | SS_NOTIFY, 0};
+    case Kind::FlatButton:
+    case Kind::Image: return {"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0};
+    case Kind::FlatCheck: return {"BUTTON", BS_CHECKBOX | WS_TABSTOP, 0};
+    case Kind::CheckBox: return {"BUTTON", BS_3STATE | WS_TABSTOP, 0};
+    case Kind::OptionButton: return {"BUTTON", BS_RADIOBUTTON | WS_TABSTOP, 0};
+    case Kind::TextBox: return {"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
+    case Kind::ListBox:
+        return {"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+                WS_EX_CLIENTEDGE};
+    case Kind::ComboBox: return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0};
+    case Kind::ProgressBar: return {PROGRESS_CLASSA, 0, 0};
+    case Kind::Frame: return {kFrameClass, 0, WS_EX_CONTROLPARENT};
+    case Kind::Timer: break;
+    }
+    return {nullptr, 0, 0};
+}
+
+HFONT dialogFont() {
+    NONCLIENTMETRICSA metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0))
+        return ::CreateFontIndirectA(&metrics.lfMessageFont);
+    return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+}
+
+}  // namespace
+
+struct Win32Renderer::FormWindow {
+    ui::Form* form = nullptr;
+    HWND hwnd = nullptr;
+    std::unordered_map<const Control*, HWND> windows;
+    std::unordered_map<int, Control*> byId;
+    std::unordered_map<const Control*, int> idOf;
+    bool mirroring = false;  // set while the model writes into a window
+
+    static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
+    static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
+
+    void create(HINSTANCE instance, HFONT font);
+    void createControl(Control& control, HINSTANCE instance, HFONT font);
+    void mirror(Control& control, Prop what);
+    void mirrorForm(ui::FormProp what);
+    void command(int id, int code);
+    void timer(int id);
+    void forget();
+};
+
+namespace {
+
+void registerClasses(HINSTANCE instance) {
+    static bool registered = false;
+    if (registered) return;
+    registered = true;
+    INITCOMMONCONTROLSEX common{sizeof common, ICC_PROGRESS_CLASS | ICC_TREEVIEW_CLASSES |
+                                                   ICC_STANDARD_CLASSES};
+    ::InitCommonControlsEx(&common);
+
+    WNDCLASSA formClass{};
+    formClass.lpfnWndProc = Win32Renderer::FormWindow::formProc;
+    formClass.hInstance = instance;
+    formClass.hCursor = ::LoadCursorA(nullptr, IDC_ARROW);
+    formClass.hIcon = ::LoadIconA(instance, MAKEINTRESOURCEA(1));
+    formClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    formClass.lpszClassName = kFormClass;
+    ::RegisterClassA(&formClass);
+
+    WNDCLASSA frameClass = formClass;
+    frameClass.lpfnWndProc = Win32Renderer::FormWindow::frameProc;
+    frameClass.hIcon = nullptr;
+    frameClass.lpszClassName = kFrameClass;
+    ::RegisterClassA(&frameClass);
+}
+
+Win32Renderer::FormWindow* formWindowOf(HWND hwnd) {
+    return reinterpret_cast<Win32Renderer::FormWindow*>(::GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+}
+
+void setName(HWND hwnd, const std::string& name) {
+    const ATOM atom = ::GlobalAddAtomA(name.c_str());
+    ::SetPropA(hwnd, kNameProperty, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(atom)));
+}
+
+void dropName(HWND hwnd) {
+    const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::RemovePropA(hwnd, kNameProperty)));
+    if (atom) ::GlobalDeleteAtom(atom);
+}
+
+BOOL CALLBACK dropNameOfChild(HWND child, LPARAM) {
+    dropName(child);
+    return TRUE;
+}
+
+int checkState(int value) {
+    return value == 2 ? BST_INDETERMINATE : value ? BST_CHECKED : BST_UNCHECKED;
+}
+
+}  // namespace
+
+Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance), font_(dialogFont()) {
+    registerClasses(instance_);
+}
+
+Win32Renderer::~Win32Renderer() {
+    for (auto& window : windows_) window->forget();
+}
+
+void Win32Renderer::attach(ui::Form& form) {
+    auto window = std::make_unique<FormWindow>();
+    window->form = &form;
+    window->create(instance_, font_);
+    windows_.push_back(std::move(window));
+}
+
+void Win32Renderer::FormWindow::create(HINSTANCE instance, HFONT font) {
+    const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+    const DWORD exStyle = WS_EX_CONTROLPARENT;
+    RECT frame{0, 0, form->clientArea().width, form->clientArea().height};
+    ::AdjustWindowRectEx(&frame, style, FALSE, exStyle);
+    const int width = frame.right - frame.left, height = frame.bottom - frame.top;
+    const int left = (::GetSystemMetrics(SM_CXSCREEN) - width) / 2;
+    const int top = (::GetSystemMetrics(SM_CYSCREEN) - height) / 2;
+    hwnd = ::CreateWindowExA(exStyle, kFormClass, form->caption().c_str(), style, left, top, width,
+                             height, nullptr, nullptr, instance, nullptr);
+    if (!hwnd) return;
+    ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    setName(hwnd, form->name());
+    form->setNativeWindow(reinterpret_cast<NativeWindow>(hwnd));
+
+    for (const auto& control : form->controls()) createControl(*control, instance, font);
+    form->setSink([this](ui::Form&, ui::FormProp what) { mirrorForm(what); });
+    if (form->visible()) mirrorForm(ui::FormProp::Visible);
+}
+
+void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instance, HFONT font) {
+    const int id = kFirstControlId + static_cast<int>(byId.size());
+    byId[id] = &control;
+    idOf[&control] = id;
+    control.setSink([this](Control& c, Prop what) { mirror(c, what); });
+    if (control.kind() == Kind::Timer) {
+        mirror(control, Prop::Interval);
+        return;
+    }
+    const ClassAndStyle kind = windowKind(control.kind());
+    HWND parent = control.parent() ? windows[control.parent()] : hwnd;
+    const auto& b = control.bounds();
+    DWORD style = WS_CHILD | kind.style | (control.visible() ? WS_VISIBLE : 0) |
+                  (control.enabled() ? 0 : WS_DISABLED);
+    HWND child = ::CreateWindowExA(kind.exStyle, kind.className, control.caption().c_str(), style,
+                                   b.left, b.top, b.width, b.height, parent,
+                                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance,
+                                   nullptr);
+    if (!child) return;
+    windows[&control] = child;
+    if (control.kind() == Kind::Frame) ::SetWindowLongPtrA(child, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    setName(child, control.name());
+    mirror(control, Prop::Items);
+    mirror(control, Prop::Value);
+}
+
+void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
+    if (control.kind() == Kind::Timer) {
+        const UINT_PTR timerId = static_cast<UINT_PTR>(idOf[&control]);
+        if (control.enabled() && control.value() > 0)
+            ::SetTimer(hwnd, timerId, static_cast<UINT>(control.value()), nullptr);
+        else
+            ::KillTimer(hwnd, timerId);
+        return;
+    }
+    const auto found = windows.find(&control);
+    if (found == windows.end()) return;
+    HWND child = found->second;
+    mirroring = true;
+    switch (what) {
+    case Prop::Caption: ::SetWindowTextA(child, control.caption().c_str()); break;
+    case Prop::Visible: ::ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
+    case Prop::Enabled: ::EnableWindow(child, control.enabled()); break;
+    case Prop::Colour:
+    case Prop::Bounds: ::InvalidateRect(child, nullptr, TRUE); break;
+    case Prop::Value:
+    case Prop::Selection:
+        switch (control.kind()) {
+        case Kind::FlatCheck:
+        case Kind::CheckBox:
+        case Kind::OptionButton:
+            ::SendMessageA(child, BM_SETCHECK, checkState(control.value()), 0);
+            break;
+        case Kind::ListBox: ::SendMessageA(child, LB_SETCURSEL, control.value(), 0); break;
+        case Kind::ComboBox: ::SendMessageA(child, CB_SETCURSEL, control.value(), 0); break;
+        case Kind::ProgressBar: ::SendMessageA(child, PBM_SETPOS, control.value(), 0); break;
+        default: break;
+        }
+        break;
+    case Prop::Items:
+        if (control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox) {
+            const bool list = control.kind() == Kind::ListBox;
+            ::SendMessageA(child, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
+            for (const auto& item : control.items())
+                ::SendMessageA(child, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
+                               reinterpret_cast<LPARAM>(item.c_str()));
+        }
+        break;
+    case Prop::Interval: break;
+    }
+    mirroring = false;
+}
+
+void Win32Renderer::FormWindow::mirrorForm(ui::FormProp what) {
+    if (!hwnd) return;
+    switch (what) {
+    case ui::FormProp::Caption: ::SetWindowTextA(hwnd, form->caption().c_str()); break;
+    case ui::FormProp::Visible:
+        ::ShowWindow(hwnd, form->visible() ? (form->minimised() ? SW_SHOWMINNOACTIVE : SW_SHOW)
+                                           : SW_HIDE);
+        if (form->visible()) ::UpdateWindow(hwnd);
+        break;
+    case ui::FormProp::Minimised:
+        if (form->visible()) ::ShowWindow(hwnd, form->minimised() ? SW_MINIMIZE : SW_RESTORE);
+        break;
+    case ui::FormProp::Destroyed: forget(); break;
+    }
+}
+
+void Win32Renderer::FormWindow::command(int id, int code) {
+    if (mirroring) return;
+    const auto found = byId.find(id);
+    if (found == byId.end()) return;
+    Control& control = *found->second;
+    HWND child = windows[&control];
+    switch (control.kind()) {
+    case Kind::FlatButton:
+    case Kind::Image:
+    case Kind::Label:
+        if (code == BN_CLICKED) control.userClick();  // STN_CLICKED has the same number
+        break;
+    case Kind::FlatCheck:
+    case Kind::CheckBox:
+        if (code == BN_CLICKED) control.userSetValue(control.value() == 1 ? 0 : 1);
+        break;
+    case Kind::OptionButton:
+        if (code == BN_CLICKED) control.userSetValue(1);
+        break;
+    case Kind::TextBox:
+        if (code == EN_CHANGE) {
+            std::string text(static_cast<std::size_t>(::GetWindowTextLengthA(child)) + 1, '\0');
+            text.resize(static_cast<std::size_t>(::GetWindowTextA(child, text.data(), static_cast<int>(text.size()))));
+            control.userEditText(std::move(text));
+        }
+        break;
+    case Kind::ListBox:
+        if (code == LBN_SELCHANGE)
+            control.userSetValue(static_cast<int>(::SendMessageA(child, LB_GETCURSEL, 0, 0)));
+        break;
+    case Kind::ComboBox:
+        if (code == CBN_SELCHANGE)
+            control.userSetValue(static_cast<int>(::SendMessageA(child, CB_GETCURSEL, 0, 0)));
+        break;
+    default: break;
+    }
+}
+
+void Win32Renderer::FormWindow::timer(int id) {
+    const auto found = byId.find(id);
+    if (found != byId.end()) found->second->userTick();
+}
+
+void Win32Renderer::FormWindow::forget() {
+    if (!hwnd) return;
+    for (const auto& control : form->controls()) control->setSink(nullptr);
+    form->setSink(nullptr);
+    ::EnumChildWindows(hwnd, dropNameOfChild, 0);
+    dropName(hwnd);
+    ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    ::DestroyWindow(hwnd);
+    hwnd = nullptr;
+}
+
+LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WPARAM wParam,
+                                                     LPARAM lParam) {
+    FormWindow* window = formWindowOf(hwnd);
+    if (window) {
+        switch (message) {
+        case WM_COMMAND: window->command(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_TIMER: window->timer(static_cast<int>(wParam)); return 0;
+        case WM_CLOSE: window->form->userClose(); return 0;
+        default: break;
+        }
+    }
+    return ::DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+// A frame passes its controls' notifications on to its form.
+LRESULT CALLBACK Win32Renderer::FormWindow::frameProc(HWND hwnd, UINT message, WPARAM wParam,
+                                                      LPARAM lParam) {
+    FormWindow* window = formWindowOf(hwnd);
+    if (window && message == WM_COMMAND) {
+        window->command(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    }
+    if (window && (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN))
+        return ::SendMessageA(window->hwnd, message, wParam, lParam);
+    return ::DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+}  // namespace tv::win32

@@ -1,0 +1,56 @@
+// The Win32 implementations of the small platform interfaces.
+#pragma once
+
+#include "platform/event_loop.h"
+#include "platform/message_boxes.h"
+#include "platform/processes.h"
+#include "platform/profile_files.h"
+#include "platform/shell.h"
+#include "platform/win32/win32_base.h"
+
+namespace tv::win32 {
+
+class Win32ProfileFiles final : public ProfileFiles {
+public:
+    std::string get(const std::string& section, const std::string& key, std::size_t charCount,
+                    const std::string& file) const override;
+    bool put(const std::string& section, const std::string& key, const std::string& value,
+             const std::string& file) override;
+};
+
+class Win32Shell final : public Shell {
+public:
+    std::string systemDirectory(std::size_t charCount) const override;
+    std::string windowsDirectoryBuffer(std::size_t charCount) const override;
+    std::string specialFolder(int csidl, std::size_t charCount) const override;
+    std::string searchTree(const std::string& root, const std::string& name) const override;
+    std::string openFileDialog(NativeWindow owner, const std::string& title,
+                               const std::string& filter, std::size_t bufferChars) override;
+    std::string browseForFolder(const std::string& title) override;
+};
+
+class Win32MessageBoxes final : public MessageBoxes {
+public:
+    int show(const std::string& prompt, const std::string& title, unsigned style) override;
+};
+
+class Win32Processes final : public Processes {
+public:
+    std::string commandLine() const override;
+    std::string modulePath() const override;
+    bool start(const std::string& commandLine, int showStyle) override;
+};
+
+class Win32EventLoop final : public EventLoop {
+public:
+    void pump() override;
+    std::uint32_t queueStatus(std::uint32_t flags) override;
+    int run() override;
+    void quit(int exitCode) override;
+
+private:
+    bool quitting_ = false;
+    int exitCode_ = 0;
+};
+
+}  // namespace tv::win32

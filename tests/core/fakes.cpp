@@ -1,0 +1,112 @@
+#include "tests/core/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include "core/text.h"
+
+namespace tv::test {
+namespace {
+
+std::string key(const std::string& path) {
+    std::string k = upperCase(path);
+    while (!k.empty() && k.back() == '\\') k.pop_back();
+    return k;
+}
+
+}  // namespace
+
+void MemoryFiles::put(const std::string& path, std::string content) { files[key(path)] = std::move(content); }
+
+const std::string* MemoryFiles::content(const std::string& path) const {
+    const auto found = files.find(key(path));
+    return found == files.end() ? nullptr : &found->second;
+}
+
+bool MemoryFiles::parentExists(const std::string& k) const {
+    const auto slash = k.find_last_of('\\');
+    return slash == std::string::npos || slash == 2 || folders.count(k.substr(0, slash)) > 0;
+}
+
+bool MemoryFiles::canRead(const std::string& path) const {
+    return content(path) && !locked.count(key(path));
+}
+
+bool MemoryFiles::isFolder(const std::string& path) const { return folders.count(key(path)) > 0; }
+
+std::optional<std::string> MemoryFiles::readAll(const std::string& path) const {
+    if (!canRead(path)) return std::nullopt;
+    return *content(path);
+}
+
+bool MemoryFiles::writeAll(const std::string& path, std::string_view bytes) {
+    const std::string k = key(path);
+    if (locked.count(k) || folders.count(k) || !parentExists(k)) return false;
+    files[k] = std::string(bytes);
+    return true;
+}
+
+bool MemoryFiles::append(const std::string& path, std::string_view bytes) {
+    const std::string k = key(path);
+    if (locked.count(k) || folders.count(k) || !parentExists(k)) return false;
+    files[k] += bytes;
+    return true;
+}
+
+bool MemoryFiles::makeFolder(const std::string& path) {
+    const std::string k = key(path);
+    if (folders.count(k) || files.count(k) || !parentExists(k)) return false;
+    folders.insert(k);
+    return true;
+}
+
+bool MemoryFiles::copy(const std::string& from, const std::string& to) {
+    const auto text = readAll(from);
+    return text && writeAll(to, *text);
+}
+
+bool MemoryFiles::remove(const std::string& path) {
+    const std::string k = key(path);
+    return !locked.count(k) && files.erase(k) > 0;
+}
+
+std::optional<std::uint64_t> MemoryFiles::length(const std::string& path) const {
+    const std::string* text = content(path);
+    if (!text) return std::nullopt;
+    return text->size();
+}
+
+std::string NoProfileFiles::get(const std::string&, const std::string&, std::size_t,
+                                const std::string&) const {
+    ADD_FAILURE() << "profile read where none was expected";
+    return {};
+}
+
+bool NoProfileFiles::put(const std::string&, const std::string&, const std::string&,
+                         const std::string&) {
+    ADD_FAILURE() << "profile write where none was expected";
+    return false;
+}
+
+std::string FixedShell::windowsDirectoryBuffer(std::size_t charCount) const {
+    std::string buffer(charCount, '\0');
+    buffer.replace(0, 10, "C:\\WINDOWS");
+    return buffer;
+}
+
+std::string FixedShell::specialFolder(int csidl, std::size_t) const {
+    const auto found = special.find(csidl);
+    return found == special.end() ? std::string() : found->second;
+}
+
+int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {
+    shown.push_back({prompt, title, style});
+    if (answers.empty()) {
+        ADD_FAILURE() << "unexpected message box: " << prompt;
+        return box::Ok;
+    }
+    const int answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+}  // namespace tv::test

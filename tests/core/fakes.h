@@ -1,0 +1,104 @@
+// Stand-ins for the platform in native tests: files in memory, scripted message
+// boxes (an unexpected box fails the test), and a recording event loop.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/platform_set.h"
+
+namespace tv::test {
+
+class MemoryFiles final : public Files {
+public:
+    std::map<std::string, std::string> files;  // by upper-cased path
+    std::set<std::string> folders;             // upper-cased, without trailing backslash
+    std::set<std::string> locked;              // files no one may open
+
+    void put(const std::string& path, std::string content);
+    const std::string* content(const std::string& path) const;
+
+    bool canRead(const std::string& path) const override;
+    bool isFolder(const std::string& path) const override;
+    std::optional<std::string> readAll(const std::string& path) const override;
+    bool writeAll(const std::string& path, std::string_view bytes) override;
+    bool append(const std::string& path, std::string_view bytes) override;
+    bool makeFolder(const std::string& path) override;
+    bool copy(const std::string& from, const std::string& to) override;
+    bool remove(const std::string& path) override;
+    std::optional<std::uint64_t> length(const std::string& path) const override;
+
+private:
+    bool parentExists(const std::string& key) const;
+};
+
+class NoProfileFiles final : public ProfileFiles {
+public:
+    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
+    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
+};
+
+class FixedShell final : public Shell {
+public:
+    std::map<int, std::string> special;  // by folder number
+    std::string systemDirectory(std::size_t) const override { return "C:\\WINDOWS\\SYSTEM32"; }
+    std::string windowsDirectoryBuffer(std::size_t charCount) const override;
+    std::string specialFolder(int csidl, std::size_t) const override;
+    std::string searchTree(const std::string&, const std::string&) const override { return {}; }
+    std::string openFileDialog(NativeWindow, const std::string&, const std::string&, std::size_t) override {
+        return {};
+    }
+    std::string browseForFolder(const std::string&) override { return {}; }
+};
+
+struct ShownBox {
+    std::string prompt, title;
+    unsigned style;
+};
+
+class ScriptedBoxes final : public MessageBoxes {
+public:
+    std::deque<int> answers;
+    std::vector<ShownBox> shown;
+    int show(const std::string& prompt, const std::string& title, unsigned style) override;
+};
+
+class FixedProcesses final : public Processes {
+public:
+    std::string line = "\"C:\\Tarvelon\\TarvelonLow.exe\"";
+    std::string path = "C:\\Tarvelon\\TarvelonLow.exe";
+    std::vector<std::pair<std::string, int>> started;
+    std::string commandLine() const override { return line; }
+    std::string modulePath() const override { return path; }
+    bool start(const std::string& commandLine, int showStyle) override {
+        started.emplace_back(commandLine, showStyle);
+        return true;
+    }
+};
+
+class RecordingLoop final : public EventLoop {
+public:
+    int pumps = 0;
+    bool quitCalled = false;
+    void pump() override { ++pumps; }
+    std::uint32_t queueStatus(std::uint32_t) override { return 0; }
+    int run() override { return 0; }
+    void quit(int) override { quitCalled = true; }
+};
+
+// One complete set of stand-ins.
+struct FakePlatform {
+    MemoryFiles files;
+    NoProfileFiles profiles;
+    FixedShell shell;
+    ScriptedBoxes boxes;
+    FixedProcesses processes;
+    RecordingLoop loop;
+    ui::HeadlessRenderer renderer;
+    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer}; }
+};
+
+}  // namespace tv::test

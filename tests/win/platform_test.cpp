@@ -1,0 +1,130 @@
+#include "core/file_utils.h"
+#include "core/text.h"
+#include "platform/win32/win32_base.h"
+#include "platform/win32/win32_renderer.h"
+#include "tests/win/win_fixture.h"
+#include "ui/startup_folder.h"
+
+namespace tv::test {
+namespace {
+
+class Platform : public WinTest {
+protected:
+    AppContext ctx{set()};
+};
+
+TEST_F(Platform, FileThereMeansReadableNow) {
+    writeFile("empty.txt", "");
+    files.makeFolder(path("folder"));
+    EXPECT_TRUE(fileThere(ctx, path("empty.txt")));
+    EXPECT_FALSE(fileThere(ctx, path("folder")));
+    EXPECT_FALSE(fileThere(ctx, path("missing.txt")));
+    writeFile("held.txt", "x");
+    FileLock lock(path("held.txt"));
+    ASSERT_TRUE(lock.held());
+    EXPECT_FALSE(fileThere(ctx, path("held.txt")));
+}
+
+TEST_F(Platform, SystemFoldersEndInBackslash) {
+    const std::string system = getSysDir(ctx);
+    EXPECT_EQ(system.back(), '\\');
+    EXPECT_TRUE(files.isFolder(system));
+    EXPECT_TRUE(files.canRead(system + "kernel32.dll"));
+    const std::string windows = getWinDir(ctx);
+    EXPECT_EQ(windows.back(), '\\');
+    EXPECT_TRUE(files.isFolder(windows));
+    const std::string programs = getSpecialFolder(ctx);
+    EXPECT_EQ(programs.back(), '\\');
+    EXPECT_TRUE(files.isFolder(programs)) << programs;
+    EXPECT_EQ(getSpecialFolder(ctx, 0x7FFF), "\\");  // a folder number the system does not know
+    EXPECT_EQ(autoLoadShortcutPath(ctx).substr(getStartupFolder(ctx).size()), "\\Tarvelon.lnk");
+}
+
+TEST_F(Platform, TreeSearchFindsNestedFile) {
+    files.makeFolder(path("a"));
+    files.makeFolder(path("a\\b"));
+    writeFile("a\\b\\scanner.exe", "MZ");
+    EXPECT_TRUE(sameText(findInTree(ctx, path(""), "SCANNER.EXE"), path("a\\b\\scanner.exe")));
+    EXPECT_EQ(findInTree(ctx, path(""), "absent.exe"), "");
+    EXPECT_EQ(loop.pumps, 4);
+}
+
+// The real renderer, driven through real window messages.
+class Renderer : public WinTest {
+protected:
+    Renderer() : form("testForm", "Renderer Test", {0, 0, 300, 200}) {}
+    std::string nameOf(HWND hwnd) {
+        const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(hwnd, "TarvelonName")));
+        char name[64] = {};
+        ::GlobalGetAtomNameA(atom, name, sizeof name);
+        return name;
+    }
+    HWND childNamed(const std::string& name) {
+        HWND top = reinterpret_cast<HWND>(form.nativeWindow());
+        for (HWND child = ::FindWindowExA(top, nullptr, nullptr, nullptr); child;
+             child = ::FindWindowExA(top, child, nullptr, nullptr)) {
+            if (nameOf(child) == name) return child;
+            for (HWND inner = ::FindWindowExA(child, nullptr, nullptr, nullptr); inner;
+                 inner = ::FindWindowExA(child, inner, nullptr, nullptr))
+                if (nameOf(inner) == name) return inner;
+        }
+        return nullptr;
+    }
+    std::string textOf(HWND hwnd) {
+        char text[256] = {};
+        ::GetWindowTextA(hwnd, text, sizeof text);
+        return text;
+    }
+
+    ui::Form form;
+    win32::Win32Renderer real{::GetModuleHandleA(nullptr)};
+};
+
+TEST_F(Renderer, ControlsCarryNameAndCaption) {
+    auto& page = form.add(ui::Kind::Frame, "page", {0, 0, 300, 200});
+    auto& label = form.add(ui::Kind::Label, "Label1", {10, 10, 200, 20}, "First", &page);
+    real.attach(form);
+    HWND hwnd = childNamed("Label1");
+    ASSERT_NE(hwnd, nullptr);
+    EXPECT_EQ(textOf(hwnd), "First");
+    label.setCaption("Second");
+    EXPECT_EQ(textOf(hwnd), "Second");
+    page.setVisible(false);
+    EXPECT_FALSE(::IsWindowVisible(hwnd));
+    EXPECT_EQ(nameOf(reinterpret_cast<HWND>(form.nativeWindow())), "testForm");
+}
+
+TEST_F(Renderer, ClicksAndTicksReachTheModel) {
+    auto& button = form.add(ui::Kind::FlatButton, "cGo", {10, 10, 80, 24}, "Go");
+    auto& box = form.add(ui::Kind::FlatCheck, "Check1", {10, 40, 80, 24}, "Tick");
+    auto& timer = form.add(ui::Kind::Timer, "Timer1", {});
+    int clicks = 0, ticks = 0;
+    button.onClick = [&] { ++clicks; };
+    timer.onTick = [&] {
+        ++ticks;
+        timer.setEnabled(false);  // one shot
+    };
+    real.attach(form);
+    form.setVisible(true);
+
+    ::SendMessageA(childNamed("cGo"), BM_CLICK, 0, 0);
+    EXPECT_EQ(clicks, 1);
+    ::SendMessageA(childNamed("Check1"), BM_CLICK, 0, 0);
+    EXPECT_EQ(box.value(), 1);
+    EXPECT_EQ(::SendMessageA(childNamed("Check1"), BM_GETCHECK, 0, 0), BST_CHECKED);
+    button.setEnabled(false);
+    ::SendMessageA(childNamed("cGo"), BM_CLICK, 0, 0);
+    EXPECT_EQ(clicks, 1);
+
+    timer.setValue(1);
+    win32::Win32EventLoop events;
+    const DWORD start = ::GetTickCount();
+    while (ticks == 0 && ::GetTickCount() - start < 5000) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+        events.pump();
+    }
+    EXPECT_EQ(ticks, 1);
+}
+
+}  // namespace
+}  // namespace tv::test

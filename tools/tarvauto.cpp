@@ -1,0 +1,211 @@
+// tarvauto: drives the program's windows from another process for the
+// end-to-end tests. Every wait has a deadline (--timeout milliseconds, default
+// 20000); a command that does not find what it waits for exits with 1 and says
+// why on standard error.
+//
+//   tarvauto start "<command line>"          start it as typed; prints the process id
+//   tarvauto wait-exit <pid>                 wait for the process to end; prints its exit code
+//   tarvauto wait-window <title>             wait for a visible top-level window
+//   tarvauto wait-no-window <title>          wait until no visible window has that title
+//   tarvauto box-text <title>                the prompt of a message box
+//   tarvauto press <title> <caption>         press a button of a window by its caption
+//   tarvauto caption <title> <name>          caption of the control named <name>
+//   tarvauto click <title> <name>            press the control named <name>
+//   tarvauto windows                         list visible top-level windows (for diagnosis)
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+DWORD g_timeoutMs = 20000;
+
+std::string windowText(HWND hwnd) {
+    const int length = ::GetWindowTextLengthA(hwnd);
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    text.resize(static_cast<std::size_t>(::GetWindowTextA(hwnd, text.data(), length + 1)));
+    return text;
+}
+
+std::string className(HWND hwnd) {
+    char name[256] = {};
+    ::GetClassNameA(hwnd, name, sizeof name);
+    return name;
+}
+
+std::string controlName(HWND hwnd) {
+    const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(hwnd, "TarvelonName")));
+    if (!atom) return {};
+    char name[256] = {};
+    ::GlobalGetAtomNameA(atom, name, sizeof name);
+    return name;
+}
+
+std::string withoutAccelerator(const std::string& caption) {
+    std::string out;
+    for (char c : caption)
+        if (c != '&') out += c;
+    return out;
+}
+
+std::vector<HWND> topLevelWindows() {
+    std::vector<HWND> found;
+    ::EnumWindows([](HWND hwnd, LPARAM out) -> BOOL {
+        if (::IsWindowVisible(hwnd)) reinterpret_cast<std::vector<HWND>*>(out)->push_back(hwnd);
+        return TRUE;
+    }, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+std::vector<HWND> childWindows(HWND parent) {
+    std::vector<HWND> found;
+    ::EnumChildWindows(parent, [](HWND hwnd, LPARAM out) -> BOOL {
+        reinterpret_cast<std::vector<HWND>*>(out)->push_back(hwnd);
+        return TRUE;
+    }, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// Polls `probe` until it yields a window or the deadline passes.
+HWND waitFor(const std::function<HWND()>& probe) {
+    const DWORD start = ::GetTickCount();
+    for (;;) {
+        if (HWND hwnd = probe()) return hwnd;
+        if (::GetTickCount() - start > g_timeoutMs) return nullptr;
+        ::Sleep(50);
+    }
+}
+
+HWND findTopLevel(const std::string& title) {
+    for (HWND hwnd : topLevelWindows())
+        if (windowText(hwnd) == title) return hwnd;
+    return nullptr;
+}
+
+HWND waitTopLevel(const std::string& title) {
+    HWND hwnd = waitFor([&] { return findTopLevel(title); });
+    if (!hwnd) std::fprintf(stderr, "tarvauto: no window titled \"%s\"\n", title.c_str());
+    return hwnd;
+}
+
+HWND waitChild(const std::string& title, const std::function<bool(HWND)>& match,
+               const std::string& what) {
+    HWND hwnd = waitFor([&]() -> HWND {
+        HWND top = findTopLevel(title);
+        if (!top) return nullptr;
+        for (HWND child : childWindows(top))
+            if (match(child)) return child;
+        return nullptr;
+    });
+    if (!hwnd) std::fprintf(stderr, "tarvauto: no %s in \"%s\"\n", what.c_str(), title.c_str());
+    return hwnd;
+}
+
+int fail() { return 1; }
+
+int start(const std::string& commandLine) {
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                          &startup, &started)) {
+        std::fprintf(stderr, "tarvauto: cannot start %s (error %lu)\n", commandLine.c_str(),
+                     ::GetLastError());
+        return fail();
+    }
+    std::printf("%lu\n", started.dwProcessId);
+    ::CloseHandle(started.hThread);
+    ::CloseHandle(started.hProcess);
+    return 0;
+}
+
+int waitExit(DWORD pid) {
+    HANDLE process = ::OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, pid);
+    if (!process) {
+        std::printf("gone\n");  // already ended and reaped
+        return 0;
+    }
+    const DWORD waited = ::WaitForSingleObject(process, g_timeoutMs);
+    DWORD code = 0;
+    ::GetExitCodeProcess(process, &code);
+    ::CloseHandle(process);
+    if (waited != WAIT_OBJECT_0) {
+        std::fprintf(stderr, "tarvauto: process %lu still running\n", pid);
+        return fail();
+    }
+    std::printf("%lu\n", code);
+    return 0;
+}
+
+int run(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.size() >= 2 && args[0] == "--timeout") {
+        g_timeoutMs = static_cast<DWORD>(std::strtoul(args[1].c_str(), nullptr, 10));
+        args.erase(args.begin(), args.begin() + 2);
+    }
+    if (args.empty()) return fail();
+    const std::string& command = args[0];
+    auto arg = [&](std::size_t i) { return i < args.size() ? args[i] : std::string(); };
+
+    if (command == "start") return start(arg(1));
+    if (command == "wait-exit") return waitExit(std::strtoul(arg(1).c_str(), nullptr, 10));
+    if (command == "windows") {
+        for (HWND hwnd : topLevelWindows())
+            std::printf("%s\t%s\n", className(hwnd).c_str(), windowText(hwnd).c_str());
+        return 0;
+    }
+    if (command == "wait-window") return waitTopLevel(arg(1)) ? 0 : fail();
+    if (command == "wait-no-window") {
+        const std::string title = arg(1);
+        HWND none = waitFor([&]() -> HWND {
+            return findTopLevel(title) ? nullptr : reinterpret_cast<HWND>(1);
+        });
+        return none ? 0 : fail();
+    }
+    if (command == "box-text") {
+        HWND prompt = waitChild(arg(1), [](HWND h) { return ::GetDlgCtrlID(h) == 0xFFFF; },
+                                "message box prompt");
+        if (!prompt) return fail();
+        std::fwrite(windowText(prompt).data(), 1, windowText(prompt).size(), stdout);
+        return 0;
+    }
+    if (command == "press") {
+        const std::string caption = arg(2);
+        HWND button = waitChild(arg(1), [&](HWND h) {
+            return className(h) == "Button" && withoutAccelerator(windowText(h)) == caption;
+        }, "button \"" + caption + "\"");
+        if (!button) return fail();
+        ::PostMessageA(button, BM_CLICK, 0, 0);
+        return 0;
+    }
+    if (command == "caption" || command == "click") {
+        const std::string name = arg(2);
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; },
+                                 "control " + name);
+        if (!control) return fail();
+        if (command == "click")
+            ::PostMessageA(control, BM_CLICK, 0, 0);
+        else
+            std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
+        return 0;
+    }
+    std::fprintf(stderr, "tarvauto: unknown command %s\n", command.c_str());
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int code = run(argc, argv);
+    std::fflush(stdout);
+    return code;
+}

@@ -1,0 +1,69 @@
+// mForm1, the program's main window: a navigation column beside a stack of
+// page frames of which at most one is visible. It stays loaded for the whole
+// run, shown or not, because its settings controls hold the user's choices.
+#pragma once
+
+#include "platform/form.h"
+
+namespace tv::ui {
+
+class MainWindow : public Form {
+public:
+    MainWindow();
+
+    // Navigation column.
+    Control& Image5;   // Integrity Scan
+    Control& Image7;   // RegWatch
+    Control& Image9;   // AppWatch
+    Control& Image11;  // Options
+    Control& cButton6;  // Help
+    Control& cButton7;  // About
+    Control& cButton9;  // Exit
+
+    // Pages.
+    Control& intF;
+    Control& regF;
+    Control& appF;
+    Control& setFq;
+    Control& settF;
+    Control& qSett;
+    Control& advF;
+    Control& repF;
+    Control& Frame2;  // About
+
+    // About page.
+    Control& Label32;
+    Control& Label33;
+    Control& Label36;
+    Control& Label37;
+    Control& cButton4;
+    Control& cButton5;
+
+    // Settings page: what is checked at log-on and at secure shut-down.
+    Control& Check1;
+    Control& Check2;
+    Control& Check3;
+    Control& Check4;
+    Control& Check5;
+    Control& Check6;
+    Control& Check9;
+    Control& Check8;
+    Control& Check7;
+    Control& Check15;
+    Control& Check14;
+    Control& Check13;
+    Control& Check12;
+    Control& Check16;
+    Control& Check17;
+
+    // Advanced page: scanner options.
+    Control& Check10;
+    Control& Check11;
+    Control& avfocus;
+    Control& wsh;
+
+    // Hides every page.
+    void norms2();
+};
+
+}  // namespace tv::ui
