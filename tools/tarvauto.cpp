@@ -11,10 +11,14 @@
 //   tarvauto press <title> <caption>         press a button of a window by its caption
 //   tarvauto caption <title> <name>          caption of the control named <name>
 //   tarvauto click <title> <name>            press the control named <name>
+//   tarvauto kill <pid>                      end a process left running by a failed test
 //   tarvauto windows                         list visible top-level windows (for diagnosis)
 #define WIN32_LEAN_AND_MEAN
 #define NOMINMAX
 #include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -110,6 +114,14 @@ HWND waitChild(const std::string& title, const std::function<bool(HWND)>& match,
 
 int fail() { return 1; }
 
+// Does what a click on a button does: its parent hears BN_CLICKED. Posting the
+// notification does not depend on where the mouse is or whether the window has
+// been activated yet, as a simulated click would.
+void pressButton(HWND button) {
+    ::PostMessageA(::GetParent(button), WM_COMMAND,
+                   MAKEWPARAM(::GetDlgCtrlID(button), BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
 int start(const std::string& commandLine) {
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
@@ -158,6 +170,14 @@ int run(int argc, char** argv) {
 
     if (command == "start") return start(arg(1));
     if (command == "wait-exit") return waitExit(std::strtoul(arg(1).c_str(), nullptr, 10));
+    if (command == "kill") {
+        HANDLE process = ::OpenProcess(PROCESS_TERMINATE, FALSE, std::strtoul(arg(1).c_str(), nullptr, 10));
+        if (process) {
+            ::TerminateProcess(process, 99);
+            ::CloseHandle(process);
+        }
+        return 0;
+    }
     if (command == "windows") {
         for (HWND hwnd : topLevelWindows())
             std::printf("%s\t%s\n", className(hwnd).c_str(), windowText(hwnd).c_str());
@@ -184,7 +204,7 @@ int run(int argc, char** argv) {
             return className(h) == "Button" && withoutAccelerator(windowText(h)) == caption;
         }, "button \"" + caption + "\"");
         if (!button) return fail();
-        ::PostMessageA(button, BM_CLICK, 0, 0);
+        pressButton(button);
         return 0;
     }
     if (command == "caption" || command == "click") {
@@ -193,7 +213,7 @@ int run(int argc, char** argv) {
                                  "control " + name);
         if (!control) return fail();
         if (command == "click")
-            ::PostMessageA(control, BM_CLICK, 0, 0);
+            pressButton(control);
         else
             std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
         return 0;
@@ -205,6 +225,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    ::_setmode(::_fileno(stdout), _O_BINARY);  // texts go out byte for byte, CR LF kept
     const int code = run(argc, argv);
     std::fflush(stdout);
     return code;

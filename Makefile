@@ -1,0 +1,27 @@
+# The two commands of every new user and of CI:
+#   make run   installs what is missing, builds, and starts TarvelonLow.exe under Wine
+#   make test  installs what is missing, builds all three presets, runs every test
+SHELL := /bin/bash
+
+DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
+	binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 wine wine64 xvfb x11-apps \
+	imagemagick googletest libgtest-dev libbenchmark-dev
+
+.PHONY: run test build deps clean
+
+run: deps
+	@tools/run-program.sh
+
+test: deps
+	@tests/run-all.sh
+
+build: deps
+	@for preset in native win64 win32; do \
+		cmake --preset $$preset >/dev/null && cmake --build --preset $$preset -j "$$(nproc)" || exit 1; \
+	done
+
+deps:
+	@tools/install-deps.sh $(DEBIAN_PACKAGES)
+
+clean:
+	rm -rf build

@@ -1,0 +1,43 @@
+# Shared steps of the end-to-end scenarios: a fresh program folder, the program
+# started with an exact command line, and the automation helper. Sourced.
+set -euo pipefail
+: "${TARVELON_EXE:?} ${TARVAUTO:?} ${WINEPREFIX:?} ${DISPLAY:?}"
+export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+
+WORK=$(mktemp -d /tmp/tarvelon-e2e.XXXXXX)
+STARTED=()
+cleanup() {
+    for pid in "${STARTED[@]}"; do wine "$TARVAUTO" kill "$pid" >/dev/null 2>&1 || true; done
+    rm -rf "$WORK"
+}
+trap cleanup EXIT
+
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+# The helper writes to a file, never to a pipe that a Windows process could
+# keep open; its answer is printed afterwards.
+auto() {
+    wine "$TARVAUTO" "$@" >"$WORK/.answer" 2>>"$WORK/.log" || { cat "$WORK/.log" >&2; fail "tarvauto $*"; }
+    cat "$WORK/.answer"
+}
+
+windows_path() { local p=${1//\//\\}; printf 'Z:%s' "$p"; }
+
+# A new program folder holding only the program file.
+new_program_folder() {
+    local dir
+    dir=$(mktemp -d "$WORK/app.XXXXXX")
+    cp "$TARVELON_EXE" "$dir/TarvelonLow.exe"
+    printf '%s' "$dir"
+}
+
+# Starts the program of a folder with the arguments exactly as given (blanks
+# kept) behind its quoted name; sets PID.
+start_program() {
+    PID=$(auto start "\"$(windows_path "$1")\\TarvelonLow.exe\"$2")
+    STARTED+=("$PID")
+}
+
+expect_eq() {  # what, expected, actual
+    [ "$2" == "$3" ] || fail "$1: expected [$(printf '%q' "$2")] got [$(printf '%q' "$3")]"
+}
