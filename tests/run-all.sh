@@ -55,6 +55,7 @@ fi
 
 if build win64; then
     echo "== Windows integration and end-to-end tests under Wine"
+    start_virtual_display  # always its own screen: tests neither need nor disturb a desktop
     wine_session_start "$root/build/wine-test" fresh
     # Output goes to a file: a pipe could be held open by Windows processes.
     ctest --test-dir build/win64 --output-on-failure --timeout 300 >"$logs/win64.log" 2>&1

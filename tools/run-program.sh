@@ -20,6 +20,7 @@ if [ -n "${DISPLAY:-}" ]; then
     exec wine "$app/TarvelonLow.exe"
 fi
 
+start_virtual_display
 wine_session_start "$root/.wine"
 trap wine_session_stop EXIT
 auto() { wine build/win64/tools/tarvauto.exe "$@" >build/run-auto.log 2>&1; }

@@ -1,5 +1,5 @@
-# A Wine prefix and, when there is no screen, a virtual X server, for running
-# the program and its tests. Sourced; call wine_session_start PREFIX [fresh].
+# A Wine prefix and a virtual X server, for running the program and its tests.
+# Sourced: start_virtual_display, then wine_session_start PREFIX [fresh].
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 XVFB_PID=""
 
@@ -22,7 +22,6 @@ start_virtual_display() {
 # Prepares the prefix (anew when asked) and keeps its server up between programs.
 wine_session_start() {
     export WINEPREFIX=$1
-    [ -n "${DISPLAY:-}" ] || start_virtual_display
     if [ "${2:-}" == fresh ]; then
         wineserver -k 2>/dev/null || true
         rm -rf "$WINEPREFIX"
@@ -32,7 +31,7 @@ wine_session_start() {
         echo "Preparing the Wine prefix $WINEPREFIX ..."
         wineboot -i >/dev/null 2>&1
     fi
-    wineserver -p >/dev/null 2>&1
+    wineserver -p >/dev/null 2>&1 || true  # fails harmlessly when it is already up
     # Start Wine's own services now, so that no test's output pipe is held by them.
     wine cmd /c exit >/dev/null 2>&1 || true
 }

@@ -49,6 +49,17 @@ TEST_F(Platform, TreeSearchFindsNestedFile) {
     EXPECT_EQ(loop.pumps, 4);
 }
 
+TEST_F(Platform, StartedProgramRunsWithoutBeingWaitedFor) {
+    win32::Win32Processes real;
+    const std::string made = path("made-by-child");
+    ASSERT_TRUE(real.start("\"" + getSysDir(ctx) + "cmd.exe\" /c mkdir \"" + made + "\"", show::Hidden));
+    const DWORD start = ::GetTickCount();
+    while (!files.isFolder(made) && ::GetTickCount() - start < 10000) ::Sleep(20);
+    EXPECT_TRUE(files.isFolder(made));
+    EXPECT_FALSE(real.start("\"" + path("no-such-program.exe") + "\"", show::NormalFocus));
+    EXPECT_TRUE(sameText(real.modulePath().substr(real.modulePath().size() - 13), "win_tests.exe"));
+}
+
 // The real renderer, driven through real window messages.
 class Renderer : public WinTest {
 protected:

@@ -29,6 +29,15 @@ TEST_F(SettingsFile, ExistingFileIsLeftAlone) {
     EXPECT_EQ(getSetting(ctx, "ALGO"), "");  // a last line without line end
 }
 
+TEST_F(SettingsFile, EmptyFileReadsAsNothingEverywhere) {
+    writeFile("Tarvelon.dat", "");
+    ASSERT_TRUE(checkSettFile(ctx));
+    EXPECT_EQ(readFile("Tarvelon.dat"), "");
+    for (const char* request : {"GETSETT", "ADV", "ALGO", "ANTIVIRUS2"})
+        EXPECT_EQ(getSetting(ctx, request), "") << request;
+    EXPECT_EQ(readIni(ctx, ctx.settFile, "path", 1), "");
+}
+
 TEST_F(SettingsFile, LockedFileKeepsItsContentAndCannotBeRead) {
     writeFile("Tarvelon.dat", "[Tarvelon]\r\nalgo=md5\r\n");
     {
