@@ -7,6 +7,7 @@
 
 #include "core/platform_set.h"
 #include "core/section_blocks.h"
+#include "hash/read_buffer.h"
 
 namespace tv {
 
@@ -46,6 +47,9 @@ struct AppContext {
     SectionBlocks section;  // sectionText / sectionName
     SectionBlocks custom;   // customText / customName
     std::string customFolder;
+
+    // Where every file checksum reads, reused from file to file.
+    hash::ReadBuffer checksumBuffer;
 };
 
 }  // namespace tv

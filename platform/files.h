@@ -4,11 +4,21 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tv {
+
+// One file open for reading from its start, read in pieces.
+class FileReader {
+public:
+    virtual ~FileReader() = default;
+    // Reads up to `count` bytes into `into`: the number read, 0 at the end of the
+    // file, nullopt when the system reports a failure.
+    virtual std::optional<std::size_t> read(std::uint8_t* into, std::size_t count) = 0;
+};
 
 class Files {
 public:
@@ -40,6 +50,10 @@ public:
     virtual bool copy(const std::string& from, const std::string& to) = 0;
 
     virtual bool remove(const std::string& path) = 0;
+
+    // Opens a file for reading in pieces, front to back; nullptr when it cannot be
+    // opened (missing, a folder, locked against reading).
+    virtual std::unique_ptr<FileReader> openReader(const std::string& path) const = 0;
 
     // Length in bytes, nullopt when the file cannot be found.
     virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;

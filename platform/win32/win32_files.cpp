@@ -28,7 +28,33 @@ bool writeWhole(HANDLE file, std::string_view bytes) {
     return true;
 }
 
+class Win32FileReader final : public FileReader {
+public:
+    explicit Win32FileReader(UniqueFile file) : file_(std::move(file)) {}
+    std::optional<std::size_t> read(std::uint8_t* into, std::size_t count) override {
+        std::size_t done = 0;
+        while (done < count) {  // one call reads at most 4 GiB - 1
+            const DWORD ask = static_cast<DWORD>(std::min<std::size_t>(count - done, 1u << 30));
+            DWORD got = 0;
+            if (!::ReadFile(file_.get(), into + done, ask, &got, nullptr)) return std::nullopt;
+            if (got == 0) break;
+            done += got;
+        }
+        return done;
+    }
+
+private:
+    UniqueFile file_;
+};
+
 }  // namespace
+
+std::unique_ptr<FileReader> Win32Files::openReader(const std::string& path) const {
+    if (isFolder(path)) return nullptr;
+    UniqueFile file = openForReading(path);
+    if (!file.valid()) return nullptr;
+    return std::make_unique<Win32FileReader>(std::move(file));
+}
 
 bool Win32Files::canRead(const std::string& path) const {
     if (isFolderAttribute(::GetFileAttributesA(path.c_str()))) return false;

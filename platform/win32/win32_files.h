@@ -14,6 +14,7 @@ public:
     bool makeFolder(const std::string& path) override;
     bool copy(const std::string& from, const std::string& to) override;
     bool remove(const std::string& path) override;
+    std::unique_ptr<FileReader> openReader(const std::string& path) const override;
     std::optional<std::uint64_t> length(const std::string& path) const override;
 };
 

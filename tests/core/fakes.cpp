@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/text.h"
 
 namespace tv::test {
@@ -69,7 +71,33 @@ bool MemoryFiles::remove(const std::string& path) {
     return !locked.count(k) && files.erase(k) > 0;
 }
 
+namespace {
+
+class MemoryReader final : public FileReader {
+public:
+    explicit MemoryReader(std::string content) : content_(std::move(content)) {}
+    std::optional<std::size_t> read(std::uint8_t* into, std::size_t count) override {
+        const std::size_t n = std::min(count, content_.size() - at_);
+        std::copy_n(content_.data() + at_, n, into);
+        at_ += n;
+        return n;
+    }
+
+private:
+    std::string content_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<FileReader> MemoryFiles::openReader(const std::string& path) const {
+    if (!canRead(path)) return nullptr;
+    return std::make_unique<MemoryReader>(*content(path));
+}
+
 std::optional<std::uint64_t> MemoryFiles::length(const std::string& path) const {
+    const auto reported = reportedLength.find(key(path));
+    if (reported != reportedLength.end()) return reported->second;
     const std::string* text = content(path);
     if (!text) return std::nullopt;
     return text->size();

@@ -17,6 +17,7 @@ public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
     std::set<std::string> locked;              // files no one may open
+    std::map<std::string, std::uint64_t> reportedLength;  // by upper-cased path: the file changed since
 
     void put(const std::string& path, std::string content);
     const std::string* content(const std::string& path) const;
@@ -29,6 +30,7 @@ public:
     bool makeFolder(const std::string& path) override;
     bool copy(const std::string& from, const std::string& to) override;
     bool remove(const std::string& path) override;
+    std::unique_ptr<FileReader> openReader(const std::string& path) const override;
     std::optional<std::uint64_t> length(const std::string& path) const override;
 
 private:
@@ -82,9 +84,14 @@ public:
 class RecordingLoop final : public EventLoop {
 public:
     int pumps = 0;
+    int statusQueries = 0;
+    std::uint32_t queueAnswer = 0;  // what the queue status reports
     bool quitCalled = false;
     void pump() override { ++pumps; }
-    std::uint32_t queueStatus(std::uint32_t) override { return 0; }
+    std::uint32_t queueStatus(std::uint32_t) override {
+        ++statusQueries;
+        return queueAnswer;
+    }
     int run() override { return 0; }
     void quit(int) override { quitCalled = true; }
 };
