@@ -1,5 +1,7 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
+  core/baseline_block.cpp
+  core/baseline_text.cpp
   core/file_utils.cpp
   core/run_switch.cpp
   core/section_blocks.cpp
@@ -21,6 +23,8 @@ set(TARVELON_CORE_SOURCES
   hash/read_buffer.cpp
   hash/sha1.cpp
   hash/sha1_shani.cpp
+  integrity/data_file.cpp
+  integrity/data_file_text.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/application.cpp

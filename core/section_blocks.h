@@ -1,4 +1,4 @@
-// A baseline held in memory: nine text blocks, one per file-type section, each
+// A baseline held in memory: nine blocks, one per file-type section, each
 // running from its "[NAME]" line up to and including its "NULL*E" line, with the
 // section names beside them. Entry lines read "<file name>=<value>*E".
 #pragma once
@@ -7,13 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include "core/baseline_block.h"
+
 namespace tv {
 
 inline constexpr int kSectionCount = 9;
 
 struct SectionBlocks {
-    std::array<std::string, kSectionCount> text;  // block n at index n - 1
-    std::array<std::string, kSectionCount> name;  // without brackets
+    std::array<BaselineBlock, kSectionCount> text;  // block n at index n - 1
+    std::array<std::string, kSectionCount> name;    // without brackets
 
     void clear() {
         text = {};

@@ -4,6 +4,8 @@
 #include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "hash/checksum.h"
+#include "integrity/data_file.h"
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
 
@@ -31,6 +33,8 @@ void Application::load() {
     makeDataFolders();
     checkSettFile(ctx_);
     loadSettings(ctx_, *mForm1_, scannerChoice());
+    hash::setDatName(ctx_);  // the data file follows the chosen algorithm from here on
+    if (fileThere(ctx_, ctx_.intFile)) loadIntFile(ctx_, ctx_.intFile);
     ctx_.cmdLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
     actOnCommandLine();
 }

@@ -83,6 +83,15 @@ TEST_F(StartUp, EmptyDataFilePassesTheBaselineTest) {
     EXPECT_FALSE(os.loop.quitCalled);
 }
 
+TEST_F(StartUp, BaselineOfTheChosenAlgorithmIsLoaded) {
+    settings("[Tarvelon]\r\nalgo=md5\r\n");
+    os.files.put("C:\\Tarvelon\\Data\\Integrity.dat", "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
+    os.files.put("C:\\Tarvelon\\Data\\Integrity-md5.dat", "[DLL]\r\nA.DLL=2*E\r\nNULL*E\r\n");
+    app.load();
+    EXPECT_EQ(ctx.intFile, "C:\\Tarvelon\\Data\\Integrity-md5.dat");
+    EXPECT_EQ(ctx.section.text[0].entry("A.DLL"), "2");
+}
+
 TEST_F(StartUp, ExitButtonAndCloseBoxEndTheProcess) {
     app.load();
     app.mainForm().cButton9.userClick();

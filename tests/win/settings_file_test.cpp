@@ -69,7 +69,7 @@ TEST_F(SettingsFile, LongValuesAreCutToTheReadBuffer) {
 
 TEST_F(SettingsFile, WriterChoosesDiskOrMemoryByFileAndRunState) {
     ctx.section.name[0] = "DLL";
-    ctx.section.text[0] = "[DLL]\r\nNULL*E\r\n";
+    ctx.section.text[0] = BaselineBlock("[DLL]\r\nNULL*E\r\n");
     const std::string snapshot = path("data\\registry.dat");
     files.makeFolder(path("data"));
     EXPECT_EQ(writeEntry(ctx, snapshot, "Run", "x", "HKLM"), WriteOutcome::WrittenToDisk);
@@ -78,7 +78,7 @@ TEST_F(SettingsFile, WriterChoosesDiskOrMemoryByFileAndRunState) {
     const std::string baseline = path("Integrity.dat");
     EXPECT_EQ(writeEntry(ctx, baseline, "A.DLL", "1*E", "DLL"), WriteOutcome::StoredInMemory);
     EXPECT_FALSE(files.canRead(baseline));
-    EXPECT_EQ(ctx.section.text[0], "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
+    EXPECT_EQ(ctx.section.text[0].text(), "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
     EXPECT_EQ(writeEntry(ctx, baseline, "A.EXE", "1*E", "EXE"), WriteOutcome::NoSuchSection);
 
     ctx.primaryScan = true;
