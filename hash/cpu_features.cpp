@@ -1,27 +1,35 @@
 #include "hash/cpu_features.h"
 
+#if defined(__x86_64__) || defined(__i386__)
+#include <cpuid.h>
+#endif
+
 namespace tv::hash {
 namespace {
 
 #if defined(__x86_64__) || defined(__i386__)
-// The system saves the SSE and AVX register state across task switches.
-bool systemSavesYmm() {
-    unsigned eax, ebx, ecx, edx;
-    __asm__("cpuid" : "=a"(eax), "=b"(ebx), "=c"(ecx), "=d"(edx) : "a"(1), "c"(0));
-    if (!(ecx & (1u << 27))) return false;  // OSXSAVE
-    unsigned lo, hi;
-    __asm__("xgetbv" : "=a"(lo), "=d"(hi) : "c"(0));
-    return (lo & 6u) == 6u;
-}
+bool bit(unsigned word, int n) { return (word >> n) & 1u; }
 
+// What CPUID reports, and whether the system saves the SSE and AVX registers
+// across task switches (XGETBV), read once.
 CpuFeatures detect() {
-    __builtin_cpu_init();  // namespace-scope initialisers may run before libgcc's own
     CpuFeatures f;
-    const bool sse41 = __builtin_cpu_supports("sse4.1");
-    f.pclmul = sse41 && __builtin_cpu_supports("pclmul");
-    f.vpclmul256 = f.pclmul && __builtin_cpu_supports("avx2") &&
-                   __builtin_cpu_supports("vpclmulqdq") && systemSavesYmm();
-    f.sha = sse41 && __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("sha");
+    unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+    if (!__get_cpuid(1, &eax, &ebx, &ecx, &edx)) return f;
+    const bool pclmul = bit(ecx, 1), ssse3 = bit(ecx, 9), sse41 = bit(ecx, 19);
+    const bool osxsave = bit(ecx, 27), avx = bit(ecx, 28);
+    bool ymmSaved = false;
+    if (osxsave) {
+        unsigned lo, hi;
+        __asm__ volatile("xgetbv" : "=a"(lo), "=d"(hi) : "c"(0));
+        ymmSaved = (lo & 6u) == 6u;
+    }
+    unsigned ebx7 = 0, ecx7 = 0;
+    if (__get_cpuid_count(7, 0, &eax, &ebx7, &ecx7, &edx)) {
+        f.sha = ssse3 && sse41 && bit(ebx7, 29);
+        f.vpclmul256 = pclmul && sse41 && avx && ymmSaved && bit(ebx7, 5) && bit(ecx7, 10);
+    }
+    f.pclmul = pclmul && sse41;
     return f;
 }
 #else

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# make test: builds the three presets and runs every test: the native unit tests
-# under ASan/UBSan, the Windows integration tests and end-to-end scenarios under
-# Wine on a virtual screen, and the XP check of the 32-bit program file.
+# make test: builds every preset and runs every test: the native unit tests
+# under ASan/UBSan, the fuzz targets for a bounded time, the Windows integration
+# tests and end-to-end scenarios under Wine on a virtual screen, and the XP check
+# of the 32-bit program file.
 # Ends with the line "N passed, N failed"; exits non-zero when anything failed.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -42,6 +43,17 @@ if build native; then
     ctest --test-dir build/native --output-on-failure -j "$jobs" >"$logs/native.log" 2>&1
     grep -E 'tests passed|\*\*\*Failed|FAILED|Failure' "$logs/native.log" | head -n 60
     count_ctest "$logs/native.log"
+fi
+
+if build fuzz; then
+    echo "== fuzzing the data-file loader and the baseline look-ups (ASan/UBSan)"
+    while read -r line; do
+        echo "$line"
+        case $line in
+            *"without a finding") passed=$((passed + 1)) ;;
+            "fuzz "*": FAILED") failed=$((failed + 1)) ;;
+        esac
+    done < <(tests/run-fuzz.sh)
 fi
 
 if build win32; then
