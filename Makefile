@@ -7,13 +7,20 @@ DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 	binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 wine wine64 xvfb x11-apps \
 	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
 
-.PHONY: run test build deps clean
+BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3
+
+.PHONY: run test bench build deps clean
 
 run: deps
 	@tools/run-program.sh
 
 test: deps
 	@tests/run-all.sh
+
+# Speed of the checksum engines against the usual tools: build/bench/results.md
+bench: deps
+	@tools/install-deps.sh $(BENCH_PACKAGES)
+	@bench/run-bench.sh
 
 build: deps
 	@for preset in native win64 win32; do \

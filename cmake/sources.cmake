@@ -9,6 +9,7 @@ set(TARVELON_CORE_SOURCES
   core/settings_text.cpp
   core/text.cpp
   core/vb_number.cpp
+  custom/custom_slots.cpp
   hash/checksum.cpp
   hash/cpu_features.cpp
   hash/crc16.cpp
@@ -23,6 +24,7 @@ set(TARVELON_CORE_SOURCES
   hash/read_buffer.cpp
   hash/sha1.cpp
   hash/sha1_shani.cpp
+  integrity/baseline_build.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
   platform/controls.cpp

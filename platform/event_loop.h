@@ -21,8 +21,11 @@ public:
     // Lets every pending window message run once, then returns.
     virtual void pump() = 0;
 
-    // The system's queue status word for the message kinds in `flags`: new kinds in
-    // the high word, all present kinds in the low word.
+    // The system's queue status word for the message kinds in `flags`: the kinds
+    // now in the queue in the high word, those added since the last question in
+    // the low word. Asked again within a
+    // millisecond of the last time, it may answer 0: a long loop that asks after
+    // every small step notices input at most that much later.
     virtual std::uint32_t queueStatus(std::uint32_t flags) = 0;
 
     // Runs until quit(); gives the exit code.

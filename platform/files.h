@@ -55,6 +55,15 @@ public:
     // opened (missing, a folder, locked against reading).
     virtual std::unique_ptr<FileReader> openReader(const std::string& path) const = 0;
 
+    // The directory listing, with one cursor for the whole process, as the walks
+    // over a folder use it: firstName starts listing `folder` (ending in a
+    // backslash) and gives the first name, nextName the following ones, in the
+    // system's order. Empty text when none is left or the folder cannot be listed.
+    // Folders come with the files, "." and ".." among them; hidden and system
+    // files are not listed. Starting a new listing ends the one before.
+    virtual std::string firstName(const std::string& folder) = 0;
+    virtual std::string nextName() = 0;
+
     // Length in bytes, nullopt when the file cannot be found.
     virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;
 };

@@ -105,6 +105,29 @@ bool Win32Files::copy(const std::string& from, const std::string& to) {
 
 bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_str()) != 0; }
 
+std::string Win32Files::firstName(const std::string& folder) {
+    WIN32_FIND_DATAA found;
+    listing_.reset(::FindFirstFileA((folder + "*").c_str(), &found));
+    if (!listing_.valid()) return {};
+    return acceptedOrNext(found);
+}
+
+std::string Win32Files::nextName() {
+    WIN32_FIND_DATAA found;
+    if (!listing_.valid() || !::FindNextFileA(listing_.get(), &found)) {
+        listing_.reset();
+        return {};
+    }
+    return acceptedOrNext(found);
+}
+
+// The listing names what an ordinary look at a folder shows: files and folders,
+// but not the hidden and system files.
+std::string Win32Files::acceptedOrNext(const WIN32_FIND_DATAA& found) {
+    if (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) return nextName();
+    return found.cFileName;
+}
+
 std::optional<std::uint64_t> Win32Files::length(const std::string& path) const {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "platform/win32/unique_handle.h"
 
 namespace tv::win32 {
 
@@ -16,6 +17,13 @@ public:
     bool remove(const std::string& path) override;
     std::unique_ptr<FileReader> openReader(const std::string& path) const override;
     std::optional<std::uint64_t> length(const std::string& path) const override;
+    std::string firstName(const std::string& folder) override;
+    std::string nextName() override;
+
+private:
+    std::string acceptedOrNext(const WIN32_FIND_DATAA& found);
+
+    UniqueFind listing_;  // the one directory cursor of the process
 };
 
 }  // namespace tv::win32

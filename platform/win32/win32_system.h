@@ -51,6 +51,8 @@ public:
 private:
     bool quitting_ = false;
     int exitCode_ = 0;
+    long long lastAsked_ = 0;       // performance counter at the last status question
+    long long oneMillisecond_ = 0;  // counter ticks per millisecond
 };
 
 }  // namespace tv::win32

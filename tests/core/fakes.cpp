@@ -17,7 +17,29 @@ std::string key(const std::string& path) {
 
 }  // namespace
 
-void MemoryFiles::put(const std::string& path, std::string content) { files[key(path)] = std::move(content); }
+void MemoryFiles::put(const std::string& path, std::string content) {
+    files[key(path)] = std::move(content);
+    spelled[key(path)] = path;
+}
+
+std::string MemoryFiles::firstName(const std::string& folder) {
+    const std::string parent = key(folder);
+    listing_.clear();
+    listed_ = 0;
+    if (!folders.count(parent)) return {};
+    listing_ = {".", ".."};
+    std::vector<std::string> children(folders.begin(), folders.end());
+    for (const auto& [k, content] : files) children.push_back(k);
+    for (const std::string& k : children) {
+        const auto slash = k.find_last_of('\\');
+        if (slash == std::string::npos || k.substr(0, slash) != parent) continue;
+        const auto named = spelled.find(k);
+        listing_.push_back((named != spelled.end() ? named->second : k).substr(slash + 1));
+    }
+    return nextName();
+}
+
+std::string MemoryFiles::nextName() { return listed_ < listing_.size() ? listing_[listed_++] : std::string(); }
 
 const std::string* MemoryFiles::content(const std::string& path) const {
     const auto found = files.find(key(path));
@@ -44,6 +66,7 @@ bool MemoryFiles::writeAll(const std::string& path, std::string_view bytes) {
     const std::string k = key(path);
     if (locked.count(k) || folders.count(k) || !parentExists(k)) return false;
     files[k] = std::string(bytes);
+    spelled.emplace(k, path);
     return true;
 }
 
@@ -51,6 +74,7 @@ bool MemoryFiles::append(const std::string& path, std::string_view bytes) {
     const std::string k = key(path);
     if (locked.count(k) || folders.count(k) || !parentExists(k)) return false;
     files[k] += bytes;
+    spelled.emplace(k, path);
     return true;
 }
 
@@ -58,6 +82,9 @@ bool MemoryFiles::makeFolder(const std::string& path) {
     const std::string k = key(path);
     if (folders.count(k) || files.count(k) || !parentExists(k)) return false;
     folders.insert(k);
+    std::string spelling = path;
+    while (!spelling.empty() && spelling.back() == '\\') spelling.pop_back();
+    spelled[k] = spelling;
     return true;
 }
 

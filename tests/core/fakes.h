@@ -32,9 +32,16 @@ public:
     bool remove(const std::string& path) override;
     std::unique_ptr<FileReader> openReader(const std::string& path) const override;
     std::optional<std::uint64_t> length(const std::string& path) const override;
+    std::string firstName(const std::string& folder) override;
+    std::string nextName() override;
+
+    // Names as they were put, for the listing (the maps hold upper-cased keys).
+    std::map<std::string, std::string> spelled;
 
 private:
     bool parentExists(const std::string& key) const;
+    std::vector<std::string> listing_;
+    std::size_t listed_ = 0;
 };
 
 class NoProfileFiles final : public ProfileFiles {

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "core/file_utils.h"
 #include "core/text.h"
 #include "platform/win32/win32_base.h"
@@ -47,6 +49,20 @@ TEST_F(Platform, TreeSearchFindsNestedFile) {
     EXPECT_TRUE(sameText(findInTree(ctx, path(""), "SCANNER.EXE"), path("a\\b\\scanner.exe")));
     EXPECT_EQ(findInTree(ctx, path(""), "absent.exe"), "");
     EXPECT_EQ(loop.pumps, 4);
+}
+
+TEST_F(Platform, ListingShowsFilesAndFoldersButNotHiddenOrSystemFiles) {
+    files.makeFolder(path("walk"));
+    files.makeFolder(path("walk\\Sub.DLL"));
+    for (const char* name : {"a.dll", "hidden.dll", "system.dll", "b.exe"}) writeFile(std::string("walk\\") + name, "x");
+    ::SetFileAttributesA(path("walk\\hidden.dll").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    ::SetFileAttributesA(path("walk\\system.dll").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    std::set<std::string> names;
+    for (std::string name = files.firstName(path("walk\\")); !name.empty(); name = files.nextName())
+        names.insert(name);
+    EXPECT_EQ(names, (std::set<std::string>{".", "..", "Sub.DLL", "a.dll", "b.exe"}));
+    EXPECT_EQ(files.firstName(path("no-such-folder\\")), "");
+    EXPECT_EQ(files.nextName(), "");  // a failed start ends the listing before
 }
 
 TEST_F(Platform, StartedProgramRunsWithoutBeingWaitedFor) {
@@ -135,6 +151,20 @@ TEST_F(Renderer, ClicksAndTicksReachTheModel) {
         events.pump();
     }
     EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(Renderer, QueueStatusSeesPaintAndIsAskedAtMostOnceAMillisecond) {
+    real.attach(form);
+    form.setVisible(true);
+    win32::Win32EventLoop events;
+    events.pump();
+    ::InvalidateRect(reinterpret_cast<HWND>(form.nativeWindow()), nullptr, TRUE);
+    EXPECT_NE(events.queueStatus(queue::InputOrPaint) & (queue::Paint << 16), 0u);
+    EXPECT_EQ(events.queueStatus(queue::InputOrPaint), 0u);  // asked again at once
+    const DWORD start = ::GetTickCount();
+    std::uint32_t later = 0;
+    while (later == 0 && ::GetTickCount() - start < 2000) later = events.queueStatus(queue::InputOrPaint);
+    EXPECT_NE(later & (queue::Paint << 16), 0u);  // the paint is still waiting
 }
 
 }  // namespace

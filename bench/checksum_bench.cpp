@@ -1,0 +1,72 @@
+// Times getChecksum as the program runs it: through the Win32 platform, one
+// file after another, in the read buffer given. Prints the median time of the
+// repetitions and the checksum text(s) so the peers' digests can be compared.
+//
+//   checksum_bench <algorithm> <readBuffer> <repetitions> <file or folder\>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "core/app_context.h"
+#include "hash/checksum.h"
+#include "platform/win32/win32_files.h"
+#include "platform/win32/win32_system.h"
+
+namespace {
+
+// The files of a folder in the system's order, or the one file named.
+std::vector<std::string> targets(const std::string& where) {
+    if (where.empty() || where.back() != '\\') return {where};
+    std::vector<std::string> files;
+    WIN32_FIND_DATAA found;
+    HANDLE search = ::FindFirstFileA((where + "*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return files;
+    do {
+        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) files.push_back(where + found.cFileName);
+    } while (::FindNextFileA(search, &found));
+    ::FindClose(search);
+    return files;
+}
+
+double seconds(LARGE_INTEGER from, LARGE_INTEGER to) {
+    LARGE_INTEGER frequency;
+    ::QueryPerformanceFrequency(&frequency);
+    return static_cast<double>(to.QuadPart - from.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 5) {
+        std::fprintf(stderr, "usage: checksum_bench <algorithm> <readBuffer> <repetitions> <file or folder\\>\n");
+        return 2;
+    }
+    tv::win32::Win32Files files;
+    tv::win32::Win32ProfileFiles profiles;
+    tv::win32::Win32Shell shell;
+    tv::win32::Win32MessageBoxes boxes;
+    tv::win32::Win32Processes processes;
+    tv::win32::Win32EventLoop loop;
+    tv::ui::HeadlessRenderer renderer;
+    tv::AppContext ctx({files, profiles, shell, boxes, processes, loop, renderer});
+    ctx.algoName = argv[1];
+    ctx.readBuffer = std::atoi(argv[2]);
+    const int repetitions = std::max(1, std::atoi(argv[3]));
+    const std::vector<std::string> paths = targets(argv[4]);
+
+    std::vector<double> times;
+    std::string lastText;
+    for (int r = 0; r < repetitions; ++r) {
+        LARGE_INTEGER start, end;
+        ::QueryPerformanceCounter(&start);
+        for (const auto& path : paths) lastText = tv::hash::getChecksum(ctx, path);
+        ::QueryPerformanceCounter(&end);
+        times.push_back(seconds(start, end));
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("median=%.6f min=%.6f files=%zu text=%s\n", times[times.size() / 2], times.front(), paths.size(),
+                lastText.c_str());
+    return 0;
+}

@@ -1,0 +1,154 @@
+#!/usr/bin/env bash
+# make bench: the checksum engines against the usual tools, in one run.
+#
+# On a generated 1 GiB file held in the page cache and on a folder of 20,000
+# small files, getChecksum as the program runs it (the win64 build under Wine,
+# reading through the Win32 platform, in each of the four buffer sizes) is timed
+# inside the program (median of its repetitions); the peers are timed with
+# hyperfine (-N, median). Every command runs on core 0. Digests are compared with
+# the peers' before any time is reported. Results: build/bench/results.md.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+source tools/wine-session.sh
+
+out=build/bench
+data=$out/data
+mkdir -p "$data"
+results=$out/results.md
+runs=${BENCH_RUNS:-10}
+pin=(taskset -c 0)
+
+echo "== building"
+cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
+cmake --preset win64 >>"$out/build.log" 2>&1 && cmake --build --preset win64 -j "$(nproc)" --target checksum_bench >>"$out/build.log" 2>&1
+
+echo "== data"
+big=$data/big.bin
+[ "$(stat -c %s "$big" 2>/dev/null)" == 1073741824 ] || head -c 1073741824 /dev/urandom >"$big"
+small=$data/small
+if [ "$(find "$small" -type f 2>/dev/null | wc -l)" != 20000 ]; then
+    rm -rf "$small" && mkdir -p "$small"
+    python3 - "$small" <<'PY'
+import os, random, sys
+random.seed(1)
+for i in range(20000):
+    with open(os.path.join(sys.argv[1], f"f{i:05d}.dll"), "wb") as f:
+        f.write(os.urandom(random.randint(512, 16384)))
+PY
+fi
+find "$small" -type f | sort >"$data/small.list"
+cat "$big" "$small"/* >/dev/null  # into the page cache
+
+start_virtual_display
+wine_session_start "$root/build/wine-bench"
+trap wine_session_stop EXIT
+# The Wine server is part of every system call our program makes under Wine; it
+# runs on the same core as everything measured.
+wineserver -k
+"${pin[@]}" wineserver -p
+winpath() { printf 'Z:%s' "${1//\//\\}"; }
+
+# Our time: median seconds of getChecksum over a file or a folder.
+ours() {  # algorithm, buffer, target (folder ends in /)
+    local target
+    target=$(winpath "$(realpath "$3")")
+    [[ $3 == */ ]] && target+='\'
+    "${pin[@]}" wine "$out/../win64/bench/checksum_bench.exe" "$1" "$2" "$runs" "$target" 2>/dev/null | tr -d '\r'
+}
+
+# Peer's median seconds, from hyperfine's export.
+peer() {  # name, command...
+    local name=$1
+    shift
+    "${pin[@]}" hyperfine -N --warmup 2 --runs "$runs" --export-json "$out/$name.json" "$*" >"$out/$name.log" 2>&1 || { cat "$out/$name.log" >&2; return 1; }
+    python3 -c "import json,sys; print(json.load(open(sys.argv[1]))['results'][0]['median'])" "$out/$name.json"
+}
+
+hex_to_decimal_bytes() { python3 -c "import sys; print(''.join(str(b) for b in bytes.fromhex(sys.argv[1])))" "$1"; }
+
+echo "== digests agree with the peers"
+crc=$(ours CRC32 65536 "$big" | sed 's/.*text=//')
+[ "$crc" == "$(rhash --crc32 --simple "$big" | cut -d' ' -f1 | tr a-f A-F | sed 's/^0*//')" ] || { echo "CRC-32 differs"; exit 1; }
+for algo in md5 sha1 md4; do
+    case $algo in
+        md5) theirs=$(md5sum "$big" | cut -d' ' -f1) ;;
+        sha1) theirs=$(sha1sum "$big" | cut -d' ' -f1) ;;
+        md4) theirs=$(rhash --md4 --simple "$big" | cut -d' ' -f1) ;;
+    esac
+    mine=$(ours "$algo" 65536 "$big" | sed 's/.*text=//')
+    [ "$mine" == "$(hex_to_decimal_bytes "$theirs")" ] || { echo "$algo differs"; exit 1; }
+done
+echo "all four digests match"
+
+echo "== timing (this takes a few minutes)"
+declare -A t
+t[cat]=$(peer cat cat "$big")
+t[cksum]=$(peer cksum cksum "$big")
+t[rhash_crc32]=$(peer rhash_crc32 rhash --crc32 "$big")
+t[rhash_md4]=$(peer rhash_md4 rhash --md4 "$big")
+t[7z]=$(peer 7z 7zz h -scrcCRC32 "$big")  # 7-Zip, Debian names its program 7zz
+t[md5sum]=$(peer md5sum md5sum "$big")
+t[sha1sum]=$(peer sha1sum sha1sum "$big")
+t[openssl_md5]=$(peer openssl_md5 openssl dgst -md5 "$big")
+t[openssl_sha1]=$(peer openssl_sha1 openssl dgst -sha1 "$big")
+t[small_cat]=$(peer small_cat xargs -a "$data/small.list" cat)
+t[small_cksum]=$(peer small_cksum xargs -a "$data/small.list" cksum)
+
+buffers=(65536 131072 262144 524288)
+declare -A mine
+for algo in CRC32 MD5 SHA1 MD4; do
+    for buffer in "${buffers[@]}"; do
+        mine[$algo.$buffer]=$(ours "$algo" "$buffer" "$big" | sed 's/median=\([0-9.]*\).*/\1/')
+    done
+    mine[$algo.small]=$(ours "$algo" 65536 "$small/" | sed 's/median=\([0-9.]*\).*/\1/')
+done
+
+ratio() { python3 -c "import sys; print(f'{float(sys.argv[1]) / float(sys.argv[2]):.2f}')" "$1" "$2"; }
+best() { printf '%s\n' "$@" | sort -g | head -n 1; }
+
+crc=$(best "${mine[CRC32.65536]}" "${mine[CRC32.131072]}" "${mine[CRC32.262144]}" "${mine[CRC32.524288]}")
+md5=$(best "${mine[MD5.65536]}" "${mine[MD5.131072]}" "${mine[MD5.262144]}" "${mine[MD5.524288]}")
+sha1=$(best "${mine[SHA1.65536]}" "${mine[SHA1.131072]}" "${mine[SHA1.262144]}" "${mine[SHA1.524288]}")
+md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${mine[MD4.524288]}")
+
+{
+    echo "# Checksum speed, $(date -u +%Y-%m-%d)"
+    echo
+    echo "CPU: $(grep -m1 'model name' /proc/cpuinfo | cut -d: -f2- | sed 's/^ //'); forms chosen:"
+    "$out/bench/engine_bench" --benchmark_min_time=0.2 --benchmark_format=console 2>/dev/null |
+        awk '/bytes_per_second/ {print "- in memory, " $1 ": " $NF}'
+    echo
+    echo "## 1 GiB file in the page cache (seconds, median of $runs)"
+    echo
+    echo "| | 64 KiB | 128 KiB | 256 KiB | 512 KiB |"
+    echo "|---|---|---|---|---|"
+    for algo in CRC32 MD5 SHA1 MD4; do
+        echo "| getChecksum $algo (win64 under Wine) | ${mine[$algo.65536]} | ${mine[$algo.131072]} | ${mine[$algo.262144]} | ${mine[$algo.524288]} |"
+    done
+    echo
+    echo "| Peer | seconds |"
+    echo "|---|---|"
+    for name in cat cksum 7z rhash_crc32 rhash_md4 md5sum sha1sum openssl_md5 openssl_sha1; do
+        echo "| $name | ${t[$name]} |"
+    done
+    echo
+    echo "## Ratios (our best buffer size / peer; target in brackets)"
+    echo
+    echo "- CRC-32 / cat: $(ratio "$crc" "${t[cat]}") (at most 1.3)"
+    echo "- CRC-32 / rhash --crc32: $(ratio "$crc" "${t[rhash_crc32]}")"
+    echo "- CRC-32 / 7zz h: $(ratio "$crc" "${t[7z]}")"
+    echo "- CRC-32 / cksum: $(ratio "$crc" "${t[cksum]}")"
+    echo "- MD5 / openssl dgst -md5: $(ratio "$md5" "${t[openssl_md5]}") (at most 1.1)"
+    echo "- MD5 / md5sum: $(ratio "$md5" "${t[md5sum]}")"
+    echo "- SHA-1 / openssl dgst -sha1: $(ratio "$sha1" "${t[openssl_sha1]}") (at most 1.15)"
+    echo "- SHA-1 / sha1sum: $(ratio "$sha1" "${t[sha1sum]}")"
+    echo "- MD4 / rhash --md4: $(ratio "$md4" "${t[rhash_md4]}") (below 1)"
+    echo
+    echo "## 20,000 small files (0.5-16 KiB), seconds"
+    echo
+    echo "- getChecksum CRC32 ${mine[CRC32.small]}, MD5 ${mine[MD5.small]}, SHA1 ${mine[SHA1.small]}, MD4 ${mine[MD4.small]}"
+    echo "- xargs cat ${t[small_cat]}, xargs cksum ${t[small_cksum]}"
+    echo "- CRC-32 / cat: $(ratio "${mine[CRC32.small]}" "${t[small_cat]}")"
+} >"$results"
+cat "$results"
