@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/platform_set.h"
+#include "core/scan_run_state.h"
 #include "core/section_blocks.h"
 #include "hash/read_buffer.h"
 
@@ -47,6 +48,9 @@ struct AppContext {
     SectionBlocks section;  // sectionText / sectionName
     SectionBlocks custom;   // customText / customName
     std::string customFolder;
+
+    // The scan in progress, if any.
+    ScanRunState scan;
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;

@@ -1,6 +1,8 @@
 #include "core/vb_number.h"
 
+#include <cctype>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "core/text.h"
@@ -38,6 +40,25 @@ std::optional<Int> toInt(std::string_view text) {
 }  // namespace
 
 std::optional<std::int32_t> toInt32(std::string_view text) { return toInt<std::int32_t>(text); }
+
+std::optional<double> toNumber(std::string_view text) {
+    const std::string trimmed = trimBlanks(text);
+    std::size_t i = 0;
+    bool digits = false;
+    if (i < trimmed.size() && (trimmed[i] == '+' || trimmed[i] == '-')) ++i;
+    for (; i < trimmed.size() && std::isdigit(static_cast<unsigned char>(trimmed[i])); ++i) digits = true;
+    if (i < trimmed.size() && trimmed[i] == '.')
+        for (++i; i < trimmed.size() && std::isdigit(static_cast<unsigned char>(trimmed[i])); ++i) digits = true;
+    if (!digits || i != trimmed.size()) return std::nullopt;
+    return std::strtod(trimmed.c_str(), nullptr);
+}
+
+std::optional<std::int16_t> roundToInt16(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max()))
+        return std::nullopt;
+    return static_cast<std::int16_t>(rounded);
+}
 std::optional<std::int16_t> toInt16(std::string_view text) { return toInt<std::int16_t>(text); }
 
 }  // namespace tv

@@ -12,4 +12,10 @@ namespace tv {
 std::optional<std::int32_t> toInt32(std::string_view text);
 std::optional<std::int16_t> toInt16(std::string_view text);
 
+// A number in text as it stands (blanks allowed); nullopt for text that is none.
+std::optional<double> toNumber(std::string_view text);
+
+// A value rounded half to even into 16 bits; nullopt when it does not fit.
+std::optional<std::int16_t> roundToInt16(double value);
+
 }  // namespace tv

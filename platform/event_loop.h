@@ -28,6 +28,10 @@ public:
     // every small step notices input at most that much later.
     virtual std::uint32_t queueStatus(std::uint32_t flags) = 0;
 
+    // Waits until a message arrives, then lets pending messages run: how a long
+    // loop holds still (a paused scan) without spinning the processor.
+    virtual void waitForInput() = 0;
+
     // Runs until quit(); gives the exit code.
     virtual int run() = 0;
 

@@ -44,6 +44,11 @@ std::uint32_t Win32EventLoop::queueStatus(std::uint32_t flags) {
     return ::GetQueueStatus(static_cast<UINT>(flags));
 }
 
+void Win32EventLoop::waitForInput() {
+    ::WaitMessage();
+    pump();
+}
+
 int Win32EventLoop::run() {
     MSG message;
     while (!quitting_) {

@@ -45,6 +45,7 @@ class Win32EventLoop final : public EventLoop {
 public:
     void pump() override;
     std::uint32_t queueStatus(std::uint32_t flags) override;
+    void waitForInput() override;
     int run() override;
     void quit(int exitCode) override;
 

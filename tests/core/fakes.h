@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -90,11 +91,16 @@ public:
 
 class RecordingLoop final : public EventLoop {
 public:
+    std::function<void()> onPump;  // what a click arriving in a pump does
     int pumps = 0;
     int statusQueries = 0;
     std::uint32_t queueAnswer = 0;  // what the queue status reports
     bool quitCalled = false;
-    void pump() override { ++pumps; }
+    void pump() override {
+        ++pumps;
+        if (onPump) onPump();
+    }
+    void waitForInput() override { pump(); }
     std::uint32_t queueStatus(std::uint32_t) override {
         ++statusQueries;
         return queueAnswer;

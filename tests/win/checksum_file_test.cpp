@@ -18,6 +18,7 @@ public:
         onPump = nullptr;
     }
     std::uint32_t queueStatus(std::uint32_t) override { return 0x00040004; }
+    void waitForInput() override { pump(); }
     int run() override { return 0; }
     void quit(int) override {}
 };
