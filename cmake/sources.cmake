@@ -25,9 +25,11 @@ set(TARVELON_CORE_SOURCES
   hash/sha1.cpp
   hash/sha1_shani.cpp
   integrity/baseline_build.cpp
+  integrity/check_int_file.cpp
   integrity/compare_pass.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
+  integrity/scan_driver.cpp
   integrity/scan_window.cpp
   platform/controls.cpp
   platform/form.cpp

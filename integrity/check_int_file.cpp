@@ -1,0 +1,68 @@
+#include "integrity/check_int_file.h"
+
+#include "core/file_utils.h"
+#include "core/text.h"
+#include "integrity/baseline_build.h"
+#include "integrity/data_file.h"
+
+namespace tv {
+namespace {
+
+constexpr const char* kRestoreQuestion =
+    "Your Integrity.dat file cannot be found! But the backup file was located!\r\n"
+    "Would you like to restore the backup?";
+constexpr const char* kFirstRunQuestion =
+    "This is your first time using Tarvelon.  Tarvelon is required to do a system file Integrity scan before "
+    "proceeding.\r\nIf you are sure there are no viruses on your computer, it is safe to scan now. Otherwise, "
+    "please do a full scan at a later time. The full scan should take no more than five minutes to "
+    "complete.\r\n\r\nPerform scan now?";
+constexpr const char* kFirstRunRefused =
+    "You have chosen not to do a full scan at this time.  You need to run the full scan before using the "
+    "Integrity Checker.";
+
+// The backup was refused: it is deleted, and a fresh start of the program
+// brings the first-run question.
+void restartWithoutBackup(AppContext& ctx, ScanHost& host, const std::string& backup) {
+    ctx.os.boxes.show("Tarvelon needs to be re-started", kAppTitle, box::OkOnly);
+    ctx.os.files.remove(backup);
+    ctx.os.processes.start("\"" + ctx.appPath + "TarvelonLow.exe\"", show::MinimizedFocus);
+    host.endProgram();
+}
+
+void buildPrimaryBaseline(AppContext& ctx, ScanHost& host) {
+    ctx.primaryBuild = true;
+    ctx.os.files.writeAll(ctx.intFile, "");
+    host.setMainCaption("Building Integrity File...");
+    ctx.os.loop.pump();
+    const SectionNameLists lists = walkFolder(ctx, trimBlanks(getSysDir(ctx)));
+    host.setMainCaption("Saving...");
+    ctx.os.loop.pump();
+    ctx.os.files.writeAll(ctx.intFile, blankDataFileText(lists));
+    host.showMainWindow(false);
+    ctx.primaryScan = true;
+    host.startScanWindow();
+}
+
+}  // namespace
+
+void checkIntFile(AppContext& ctx, ScanHost& host) {
+    if (!fileThere(ctx, ctx.intFile)) {
+        const std::string backup = backupName(ctx.intFile);
+        if (fileThere(ctx, backup)) {
+            if (ctx.os.boxes.show(kRestoreQuestion, "Missing Integrity.dat file", box::YesNo) == box::Yes) {
+                ctx.os.files.copy(backup, ctx.intFile);
+            } else {
+                restartWithoutBackup(ctx, host, backup);
+            }
+            return;
+        }
+        if (ctx.os.boxes.show(kFirstRunQuestion, kAppTitle, box::YesNo) != box::Yes) {
+            ctx.os.boxes.show(kFirstRunRefused, kAppTitle, box::OkOnly);
+            return;
+        }
+        buildPrimaryBaseline(ctx, host);
+    }
+    host.setMainCaption("Welcome to Tarvelon");
+}
+
+}  // namespace tv

@@ -1,0 +1,170 @@
+#include "core/settings_store.h"
+#include "hash/checksum.h"
+#include "integrity/check_int_file.h"
+#include "integrity/data_file.h"
+#include "integrity/scan_driver.h"
+#include "integrity/scan_window.h"
+#include "tests/win/win_fixture.h"
+
+namespace tv::test {
+namespace {
+
+// The scan's view of the rest of the program, recorded.
+struct RecordingHost final : ScanHost {
+    std::function<void()> start;
+    std::vector<std::string> captions;
+    bool mainShown = true, ended = false;
+    int actions = 0;
+    void setMainCaption(const std::string& caption) override { captions.push_back(caption); }
+    void showMainWindow(bool visible) override { mainShown = visible; }
+    void startScanWindow() override { start(); }
+    void endProgram() override { ended = true; }
+    void pressResultAction() override { ++actions; }
+    void afterShutDownScan() override {}
+};
+
+// The real Windows shell, but with a system directory of the test's own.
+struct OwnSystemShell final : Shell {
+    win32::Win32Shell real;
+    std::string system;
+    std::string systemDirectory(std::size_t) const override { return system; }
+    std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
+    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
+    std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
+    std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
+        return real.openFileDialog(o, t, f, n);
+    }
+    std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
+};
+
+class ScanDriverTest : public WinTest {
+protected:
+    ScanDriverTest() {
+        files.makeFolder(path("sys"));
+        files.makeFolder(path("Data"));
+        shell.system = path("sys");
+        ctx.appPath = path("");
+        ctx.settFile = path("Data\\Tarvelon.dat");
+        ctx.intFile = path("Data\\Integrity.dat");
+        ctx.algoName = "crc32";
+        ctx.readBuffer = 65536;
+        checkSettFile(ctx);
+        host.start = [this] {
+            window.setVisible(true);
+            driver.loadUp();
+        };
+    }
+    void systemFile(const std::string& name, const std::string& content) { writeFile("sys\\" + name, content); }
+    std::string crcOf(const std::string& name) { return hash::getChecksum(ctx, path("sys\\" + name)); }
+    void runTimer() {
+        ASSERT_TRUE(window.Timer1.enabled());
+        window.Timer1.userTick();
+    }
+
+    OwnSystemShell shell;
+    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer}};
+    ui::ScanWindow window;
+    RecordingHost host;
+    ScanDriver driver{ctx, window, host};
+};
+
+TEST_F(ScanDriverTest, FirstRunYesBuildsAndFillsTheBaseline) {
+    systemFile("kernel32.dll", "kernel");
+    systemFile("Shell.EXE", "shell");
+    systemFile("notes.txt", "not watched");
+    boxes.answers = {box::Yes};
+    checkIntFile(ctx, host);
+    EXPECT_EQ(host.captions, (std::vector<std::string>{"Building Integrity File...", "Saving...",
+                                                        "Welcome to Tarvelon", "Welcome to Tarvelon"}));
+    EXPECT_TRUE(ctx.primaryBuild);
+    EXPECT_FALSE(host.mainShown);
+    EXPECT_NE(readFile("Data\\Integrity.dat").find("[DLL]\r\nkernel32.dll=NULL*E\r\nNULL*E\r\n"), std::string::npos);
+    runTimer();
+    EXPECT_FALSE(ctx.primaryScan);
+    EXPECT_TRUE(host.mainShown);
+    EXPECT_FALSE(window.visible());
+    EXPECT_EQ(readIni(ctx, ctx.intFile, "kernel32.dll", "DLL"), crcOf("kernel32.dll") + "*E");
+    EXPECT_EQ(readIni(ctx, ctx.intFile, "Shell.EXE", "EXE"), crcOf("Shell.EXE") + "*E");
+    EXPECT_EQ(getEntry(ctx, ctx.intFile, "KERNEL32.DLL", "DLL"), crcOf("kernel32.dll"));  // reloaded
+    EXPECT_TRUE(window.List1.items().empty());
+}
+
+TEST_F(ScanDriverTest, FirstRunNoLeavesNoFile) {
+    boxes.answers = {box::No, box::Ok};
+    checkIntFile(ctx, host);
+    EXPECT_EQ(boxes.shown[1].prompt,
+              "You have chosen not to do a full scan at this time.  You need to run the full scan before using "
+              "the Integrity Checker.");
+    EXPECT_FALSE(files.canRead(ctx.intFile));
+    EXPECT_TRUE(host.captions.empty());
+}
+
+TEST_F(ScanDriverTest, RefusedBackupIsDeletedAndTheProgramStartsAnew) {
+    writeFile("Data\\Integrity.bak", "[DLL]\r\nNULL*E\r\n");
+    boxes.answers = {box::No, box::Ok};
+    checkIntFile(ctx, host);
+    EXPECT_EQ(boxes.shown[0].title, "Missing Integrity.dat file");
+    EXPECT_FALSE(files.canRead(path("Data\\Integrity.bak")));
+    EXPECT_TRUE(host.ended);
+    ASSERT_EQ(processes.started.size(), 1u);
+    EXPECT_EQ(processes.started[0], std::make_pair("\"" + path("TarvelonLow.exe") + "\"", show::MinimizedFocus));
+    boxes.answers = {box::Yes};
+    writeFile("Data\\Integrity.bak", "kept");
+    checkIntFile(ctx, host);
+    EXPECT_EQ(readFile("Data\\Integrity.dat"), "kept");
+}
+
+TEST_F(ScanDriverTest, AbandoningThePrimaryScanAsksAndDeletesTheFile) {
+    systemFile("a.dll", "a");
+    boxes.answers = {box::Yes, box::No};
+    checkIntFile(ctx, host);
+    driver.command1Click();  // No: the scan goes on
+    EXPECT_TRUE(files.canRead(ctx.intFile));
+    EXPECT_FALSE(host.ended);
+    boxes.answers = {box::Yes};
+    EXPECT_FALSE(driver.queryUnload());
+    EXPECT_FALSE(files.canRead(ctx.intFile));
+    EXPECT_TRUE(host.ended);
+}
+
+TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
+    systemFile("a.dll", "a");
+    systemFile("b.exe", "b");
+    files.makeFolder(path("tools"));
+    writeFile("tools\\t.exe", "t");
+    writeFile("tools\\u.dll", "u");
+    writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
+    writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "3");
+    writeEntry(ctx, ctx.settFile, "args", "0,0,0,0,1,0,1", "3");
+    writeFile("Data\\Integrity.dat", "");
+    loadIntFile(ctx, ctx.intFile);
+    ctx.cmdLine = "/r";
+    ctx.autoLoadRun = true;
+    driver.loadUp();
+    EXPECT_EQ(ctx.scan.customQueue, "3,");
+    EXPECT_EQ(window.pb2max.caption(), "2");  // a.dll of the system, t.exe of the folder
+    EXPECT_EQ(ctx.scan.wanted, (std::array<bool, 6>{true, false, false, false, false, false}));
+    runTimer();
+    EXPECT_EQ(window.l_cust2.caption(), "Custom Folder 1/1");
+    EXPECT_EQ(ctx.scan.newCount, 2);
+    EXPECT_EQ(window.Label13.caption(), "Results");
+    EXPECT_TRUE(window.Frame2.visible());
+    EXPECT_FALSE(host.ended);  // findings: the results stay
+    EXPECT_EQ(window.titles[1]->caption(), "Driver Scan --- Not Scanning");
+}
+
+TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
+    systemFile("a.dll", "a");
+    writeEntry(ctx, ctx.settFile, "settings", "1,1,1,1,1,1,0,0", "Tarvelon");
+    writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
+    loadIntFile(ctx, ctx.intFile);
+    ctx.cmdLine = "/r";
+    ctx.autoLoadRun = true;
+    driver.loadUp();
+    runTimer();
+    EXPECT_TRUE(window.Label14.visible());
+    EXPECT_TRUE(host.ended);
+}
+
+}  // namespace
+}  // namespace tv::test
