@@ -54,7 +54,7 @@ void Control::setLook(std::uint32_t foreColour, bool underlined) {
 
 void Control::addItem(std::string item) {
     items_.push_back(std::move(item));
-    changed(Prop::Items);
+    changed(Prop::ItemAdded);
 }
 
 void Control::clearItems() {

@@ -20,7 +20,8 @@ enum class Kind {
 };
 
 // What changed, for the renderer.
-enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, Selection, Bounds, Interval };
+// ItemAdded: one item was appended (the last); Items: the list was replaced.
+enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Bounds, Interval };
 
 struct Bounds {
     int left = 0, top = 0, width = 0, height = 0;  // pixels at 96 DPI, inside the parent

@@ -10,7 +10,10 @@
 //   tarvauto box-text <title>                the prompt of a message box
 //   tarvauto press <title> <caption>         press a button of a window by its caption
 //   tarvauto caption <title> <name>          caption of the control named <name>
+//   tarvauto wait-caption <title> <name> <text>  wait until that caption reads <text>
 //   tarvauto click <title> <name>            press the control named <name>
+//
+// A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
 //   tarvauto windows                         list visible top-level windows (for diagnosis)
 #define WIN32_LEAN_AND_MEAN
@@ -88,8 +91,9 @@ HWND waitFor(const std::function<HWND()>& probe) {
 }
 
 HWND findTopLevel(const std::string& title) {
+    const bool byName = !title.empty() && title[0] == '@';
     for (HWND hwnd : topLevelWindows())
-        if (windowText(hwnd) == title) return hwnd;
+        if (byName ? controlName(hwnd) == title.substr(1) : windowText(hwnd) == title) return hwnd;
     return nullptr;
 }
 
@@ -204,8 +208,22 @@ int run(int argc, char** argv) {
             return className(h) == "Button" && withoutAccelerator(windowText(h)) == caption;
         }, "button \"" + caption + "\"");
         if (!button) return fail();
+        HWND box = ::GetAncestor(button, GA_ROOT);
         pressButton(button);
+        // A message box closes on its answer: wait for it, so that the next box
+        // looked for is not this one.
+        if (className(box) == "#32770" &&
+            !waitFor([&]() -> HWND { return ::IsWindow(box) && ::IsWindowVisible(box) ? nullptr : box; })) {
+            std::fprintf(stderr, "tarvauto: \"%s\" did not close\n", arg(1).c_str());
+            return fail();
+        }
         return 0;
+    }
+    if (command == "wait-caption") {
+        const std::string name = arg(2), text = arg(3);
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
+                                 "control " + name + " reading \"" + text + "\"");
+        return control ? 0 : fail();
     }
     if (command == "caption" || command == "click") {
         const std::string name = arg(2);

@@ -5,7 +5,10 @@
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "hash/checksum.h"
+#include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
+#include "integrity/scan_driver.h"
+#include "integrity/scan_window.h"
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
 
@@ -27,13 +30,42 @@ ScannerChoiceForm& Application::scannerChoice() {
     return *sAvir_;
 }
 
+ScanWindow& Application::scanWindow() {
+    if (!intCheck_) {
+        intCheck_ = std::make_unique<ScanWindow>();
+        scanDriver_ = std::make_unique<ScanDriver>(ctx_, *intCheck_, *this);
+        ctx_.os.renderer.attach(*intCheck_);
+    }
+    return *intCheck_;
+}
+
+ScanDriver& Application::scanDriver() {
+    scanWindow();
+    return *scanDriver_;
+}
+
+void Application::setMainCaption(const std::string& caption) { mForm1_->setCaption(caption); }
+
+void Application::showMainWindow(bool visible) { mForm1_->setVisible(visible); }
+
+void Application::startScanWindow() {
+    scanWindow().setVisible(true);
+    scanDriver().loadUp();
+}
+
+// The action on the findings (scanners, report, new baselines) is not part of
+// the program yet: the findings stay on the screen for the user.
+void Application::pressResultAction() {}
+
 void Application::load() {
     fixPaths();
     ctx_.shutAction = kNoShutdown;
     makeDataFolders();
     checkSettFile(ctx_);
+    checkIntFile(ctx_, *this);  // on the plain CRC-32 name, before any setting is read
     loadSettings(ctx_, *mForm1_, scannerChoice());
     hash::setDatName(ctx_);  // the data file follows the chosen algorithm from here on
+    checkIntFile(ctx_, *this);
     if (fileThere(ctx_, ctx_.intFile)) loadIntFile(ctx_, ctx_.intFile);
     ctx_.cmdLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
     actOnCommandLine();
@@ -59,9 +91,13 @@ void Application::actOnCommandLine() {
     const RunSwitch mode = parseRunSwitch(ctx_.cmdLine);
     if (mode != RunSwitch::Interactive && !passesBaselineTest(mode)) return;
     switch (mode) {
-    case RunSwitch::AutoLoad:
+    case RunSwitch::AutoLoad: {
         ctx_.autoLoadRun = true;
-        break;
+        mForm1_->setVisible(false);
+        startScanWindow();
+        scanWindow().setMinimised(true);  // a log-on check keeps out of the way
+        return;
+    }
     case RunSwitch::Scheduled:
         ctx_.schedRun = true;
         break;
@@ -69,8 +105,8 @@ void Application::actOnCommandLine() {
     case RunSwitch::Interactive:
         break;
     }
-    // The scan and shut-down windows take over switched runs as they arrive;
-    // until then every run that gets this far is an interactive one.
+    // The shut-down window takes over its runs once it is part of the program;
+    // until then /s and /a open the main window.
     mForm1_->setVisible(true);
 }
 

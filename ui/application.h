@@ -6,13 +6,19 @@
 
 #include "core/app_context.h"
 #include "core/run_switch.h"
+#include "integrity/scan_host.h"
+
+namespace tv {
+class ScanDriver;
+}
 
 namespace tv::ui {
 
 class MainWindow;
 class ScannerChoiceForm;
+class ScanWindow;
 
-class Application {
+class Application final : public ScanHost {
 public:
     explicit Application(PlatformSet os);
     ~Application();
@@ -25,6 +31,9 @@ public:
     MainWindow& mainForm() { return *mForm1_; }
     // The scanner form, created hidden on first use.
     ScannerChoiceForm& scannerChoice();
+    // intCheck, the scan window, with the driver of its scans; created hidden on first use.
+    ScanWindow& scanWindow();
+    ScanDriver& scanDriver();
 
     // The Load of the main window: paths, data folders, settings, and the run
     // mode of the command line. Failing steps are passed over; start-up never
@@ -38,6 +47,14 @@ public:
     // load(), then the window events until the process ends; the exit code.
     int run();
 
+    // What a scan asks of the program.
+    void setMainCaption(const std::string& caption) override;
+    void showMainWindow(bool visible) override;
+    void startScanWindow() override;
+    void endProgram() override { endProcess(); }
+    void pressResultAction() override;
+    void afterShutDownScan() override {}
+
 private:
     void fixPaths();
     void makeDataFolders();
@@ -48,6 +65,8 @@ private:
     AppContext ctx_;
     std::unique_ptr<MainWindow> mForm1_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
+    std::unique_ptr<ScanWindow> intCheck_;
+    std::unique_ptr<ScanDriver> scanDriver_;
     bool ended_ = false;
 };
 

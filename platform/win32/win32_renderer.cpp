@@ -226,6 +226,11 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
                                reinterpret_cast<LPARAM>(item.c_str()));
         }
         break;
+    case Prop::ItemAdded:
+        if (control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox)
+            ::SendMessageA(child, control.kind() == Kind::ListBox ? LB_ADDSTRING : CB_ADDSTRING, 0,
+                           reinterpret_cast<LPARAM>(control.items().back().c_str()));
+        break;
     case Prop::Interval: break;
     }
     mirroring = false;

@@ -23,6 +23,9 @@ protected:
         os.files.folders.insert("C:\\TARVELON\\DATA");
         os.files.put(kSettings, std::move(text));
     }
+    // No data file: the first-run question comes on the plain name and again on
+    // the chosen algorithm's; both are refused.
+    void refuseFirstRunTwice() { os.boxes.answers.insert(os.boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     bool reload() {
         return ui::loadSettings(app.context(), app.mainForm(), app.scannerChoice());
     }
@@ -33,7 +36,12 @@ protected:
 };
 
 TEST_F(StartUp, FreshFolderGetsDataFoldersAndNewSettingsFile) {
+    refuseFirstRunTwice();
     app.load();
+    ASSERT_EQ(os.boxes.shown.size(), 4u);
+    EXPECT_TRUE(os.boxes.shown[0].prompt.starts_with("This is your first time using Tarvelon."));
+    EXPECT_EQ(os.boxes.shown[2].prompt, os.boxes.shown[0].prompt);
+    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
     EXPECT_TRUE(os.files.isFolder("C:\\Tarvelon\\Data\\"));
     EXPECT_TRUE(os.files.isFolder("C:\\Tarvelon\\Data\\Log\\"));
     ASSERT_NE(os.files.content(kSettings), nullptr);
@@ -53,6 +61,7 @@ TEST_F(StartUp, FreshFolderGetsDataFoldersAndNewSettingsFile) {
 TEST_F(StartUp, ExistingSettingsFileIsKeptAndLocked) {
     settings("[Tarvelon]\r\nalgo=md5\r\n");
     os.files.locked.insert("C:\\TARVELON\\DATA\\TARVELON.DAT");
+    refuseFirstRunTwice();
     app.load();
     os.files.locked.clear();
     EXPECT_EQ(*os.files.content(kSettings), "[Tarvelon]\r\nalgo=md5\r\n");
@@ -62,12 +71,13 @@ TEST_F(StartUp, ExistingSettingsFileIsKeptAndLocked) {
 
 TEST_F(StartUp, SwitchedRunWithoutBaselineEndsWithItsMessage) {
     os.processes.line = "\"C:\\Tarvelon\\TarvelonLow.exe\"  /s ";
-    os.boxes.answers = {box::Ok};
+    refuseFirstRunTwice();
+    os.boxes.answers.push_back(box::Ok);
     app.load();
-    ASSERT_EQ(os.boxes.shown.size(), 1u);
-    EXPECT_EQ(os.boxes.shown[0].title, "TarvelonLow");
-    EXPECT_EQ(os.boxes.shown[0].style, box::OkOnly);
-    EXPECT_EQ(os.boxes.shown[0].prompt.substr(0, 30), "Cannot start Secure Shut Down.");
+    ASSERT_EQ(os.boxes.shown.size(), 5u);
+    EXPECT_EQ(os.boxes.shown[4].title, "TarvelonLow");
+    EXPECT_EQ(os.boxes.shown[4].style, box::OkOnly);
+    EXPECT_EQ(os.boxes.shown[4].prompt.substr(0, 30), "Cannot start Secure Shut Down.");
     EXPECT_TRUE(os.loop.quitCalled);
     EXPECT_FALSE(app.mainForm().visible());
     EXPECT_EQ(ctx.cmdLine, "/s");
@@ -93,6 +103,7 @@ TEST_F(StartUp, BaselineOfTheChosenAlgorithmIsLoaded) {
 }
 
 TEST_F(StartUp, ExitButtonAndCloseBoxEndTheProcess) {
+    refuseFirstRunTwice();
     app.load();
     app.mainForm().cButton9.userClick();
     EXPECT_TRUE(os.loop.quitCalled);
@@ -101,6 +112,7 @@ TEST_F(StartUp, ExitButtonAndCloseBoxEndTheProcess) {
 
 TEST_F(StartUp, ProgramFolderThatCannotBeWrittenStillOpensTheWindow) {
     os.processes.path = "Q:\\Gone\\TarvelonLow.exe";
+    refuseFirstRunTwice();
     app.load();
     EXPECT_TRUE(os.files.files.empty());
     EXPECT_TRUE(app.mainForm().visible());

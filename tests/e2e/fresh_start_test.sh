@@ -1,11 +1,15 @@
 #!/usr/bin/env bash
-# A new user starts the program from a fresh folder: the main window opens and
-# the program has made its data folders and a settings file of the new-file shape.
+# A new user starts the program from a fresh folder and refuses the first full
+# scan: the question comes twice, then the main window opens, and the program
+# has made its data folders and a settings file of the new-file shape.
 source "$(dirname "$0")/lib.sh"
 
 app=$(new_program_folder)
 start_program "$app" ""
+refuse_first_run
+refuse_first_run
 auto wait-window "Welcome to Tarvelon" >/dev/null
+[ ! -e "$app/Data/Integrity.dat" ] || fail "a data file was made although the scan was refused"
 expect_eq "About page caption" "Version: 2.0" "$(auto caption "Welcome to Tarvelon" Label33)"
 
 [ -d "$app/Data/Log" ] || fail "Data\\Log was not made"

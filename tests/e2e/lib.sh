@@ -41,3 +41,13 @@ start_program() {
 expect_eq() {  # what, expected, actual
     [ "$2" == "$3" ] || fail "$1: expected [$(printf '%q' "$2")] got [$(printf '%q' "$3")]"
 }
+
+FIRST_RUN_PROMPT=$'This is your first time using Tarvelon.  Tarvelon is required to do a system file Integrity scan before proceeding.\r\nIf you are sure there are no viruses on your computer, it is safe to scan now. Otherwise, please do a full scan at a later time. The full scan should take no more than five minutes to complete.\r\n\r\nPerform scan now?'
+
+# Answers the first-run question with No and takes note of the refusal.
+refuse_first_run() {
+    expect_eq "first-run question" "$FIRST_RUN_PROMPT" "$(auto box-text TarvelonLow)"
+    auto press TarvelonLow No >/dev/null
+    expect_eq "refusal of the full scan" "You have chosen not to do a full scan at this time.  You need to run the full scan before using the Integrity Checker." "$(auto box-text TarvelonLow)"
+    auto press TarvelonLow OK >/dev/null
+}

@@ -8,6 +8,8 @@ namespace {
 
 class StartUpOnDisk : public WinTest {
 protected:
+    // Without a data file the first-run question comes twice; both are refused.
+    void refuseFirstRunTwice() { boxes.answers.insert(boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     void startWith(const std::string& arguments, const std::string& programFolder) {
         processes.path = programFolder + "TarvelonLow.exe";
         processes.line = "\"" + processes.path + "\" " + arguments;
@@ -17,7 +19,9 @@ protected:
 };
 
 TEST_F(StartUpOnDisk, FreshProgramFolderGetsItsDataFolders) {
+    refuseFirstRunTwice();
     startWith("", path(""));
+    EXPECT_FALSE(files.canRead(path("Data\\Integrity.dat")));
     EXPECT_TRUE(files.isFolder(path("Data\\Log\\")));
     EXPECT_EQ(readFile("Data\\Tarvelon.dat"), newSettingsFileText());
     EXPECT_EQ(app.context().appPath, path(""));
@@ -26,10 +30,11 @@ TEST_F(StartUpOnDisk, FreshProgramFolderGetsItsDataFolders) {
 }
 
 TEST_F(StartUpOnDisk, AutoLoadWithoutBaselineIsRefused) {
-    boxes.answers = {box::Ok};
+    refuseFirstRunTwice();
+    boxes.answers.push_back(box::Ok);
     startWith("/r", path(""));
-    ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].prompt,
+    ASSERT_EQ(boxes.shown.size(), 5u);
+    EXPECT_EQ(boxes.shown[4].prompt,
               "Cannot start Auto-Load.  Primary Full Scan has not yet been completed.\r\nClosing");
     EXPECT_TRUE(loop.quitCalled);
     EXPECT_TRUE(files.canRead(path("Data\\Tarvelon.dat")));  // start-up ran before the refusal
@@ -37,6 +42,7 @@ TEST_F(StartUpOnDisk, AutoLoadWithoutBaselineIsRefused) {
 
 TEST_F(StartUpOnDisk, ProgramFolderThatCannotBeWrittenStillOpens) {
     writeFile("occupied", "a file where the folder would be");
+    refuseFirstRunTwice();
     startWith("", path("occupied\\"));
     EXPECT_FALSE(files.isFolder(path("occupied\\Data")));
     EXPECT_TRUE(app.mainForm().visible());

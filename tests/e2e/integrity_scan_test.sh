@@ -1,0 +1,75 @@
+#!/usr/bin/env bash
+# The Integrity Checker against Wine's real system directory: the first start
+# with "Yes" builds the baseline in a primary full scan; a log-on run on the
+# unchanged system ends by itself; after one DLL is changed and one EXE added,
+# the log-on run stops on its results.
+source "$(dirname "$0")/lib.sh"
+
+system=$WINEPREFIX/drive_c/windows/system32
+changed_dll=$system/msacm32.dll
+added_exe=$system/tarvelon-added.exe
+cp "$changed_dll" "$WORK/msacm32.dll.orig"
+restore_system() {
+    cp "$WORK/msacm32.dll.orig" "$changed_dll" 2>/dev/null || true
+    rm -f "$added_exe"
+}
+trap 'restore_system; cleanup' EXIT
+
+# CRC-32 of every watched file of the system directory, as "NAME=HEX", computed here.
+watched_crcs() {
+    python3 - "$system" <<'PY'
+import os, sys, zlib
+folder = sys.argv[1]
+for name in sorted(os.listdir(folder)):
+    path = os.path.join(folder, name)
+    if name.startswith(".") or not os.path.isfile(path):
+        continue
+    if name[-4:].upper() in (".DLL", ".DRV", ".386", ".SYS", ".OCX", ".EXE", ".COM", ".PIF", ".SCR"):
+        with open(path, "rb") as f:
+            print(f"{name.upper()}={zlib.crc32(f.read()):X}")
+PY
+}
+
+app=$(new_program_folder)
+data=$app/Data/Integrity.dat
+start_program "$app" ""
+expect_eq "first-run question" "$FIRST_RUN_PROMPT" "$(auto box-text TarvelonLow)"
+auto press TarvelonLow Yes >/dev/null
+
+# The primary scan fills every value in; the scan window then gives way to the main window.
+deadline=$((SECONDS + 240))
+until [ -s "$data" ] && ! grep -q '=NULL\*E' "$data"; do
+    [ $SECONDS -lt $deadline ] || fail "the primary full scan did not finish"
+    sleep 0.5
+done
+auto wait-no-window @intCheck >/dev/null
+auto wait-window "Welcome to Tarvelon" >/dev/null
+ours=$(tr -d '\r' <"$data" | grep -v '^NULL\*E$' | grep -E '^[^[/].*=[0-9A-F]+\*E$' | sed 's/\*E$//' |
+    awk -F= '{name=$1; for (i = 2; i < NF; i++) name = name "=" $i; print toupper(name) "=" $NF}' | sort)
+expect_eq "baseline of the system directory" "$(watched_crcs | sort)" "$ours"
+auto click "Welcome to Tarvelon" cButton9 >/dev/null
+auto wait-exit "$PID" >/dev/null
+
+# Check everything at log-on from now on.
+sed -i 's/^settings=.*/settings=1,1,1,1,1,1,0,0\r/' "$app/Data/Tarvelon.dat"
+
+start_program "$app" " /r"
+expect_eq "exit of a clean log-on run" "0" "$(auto --timeout 120000 wait-exit "$PID")"
+[ -z "$(ls -A "$app/Data/Log")" ] || fail "a clean run wrote a report"
+
+printf 'more' >>"$changed_dll"
+cp "$WORK/msacm32.dll.orig" "$added_exe"
+start_program "$app" " /r"
+auto --timeout 120000 wait-caption @intCheck Label13 Results >/dev/null
+total=$(watched_crcs | wc -l)
+expect_eq "files scanned" "$total" "$(auto caption @intCheck Label6)"
+expect_eq "new files" "1" "$(auto caption @intCheck Label8)"
+expect_eq "failed files" "1" "$(auto caption @intCheck Label9)"
+expect_eq "passing files" "$((total - 2))" "$(auto caption @intCheck Label7)"
+expect_eq "list heading" "New and Failed Files:" "$(auto caption @intCheck Label10)"
+
+auto click @intCheck Image11 >/dev/null
+expect_eq "leaving with findings" "Some files failed the integrity check!  Are you sure you want to exit?" "$(auto box-text Warning)"
+auto press Warning Yes >/dev/null
+auto wait-exit "$PID" >/dev/null
+echo "integrity scan: primary scan, clean and changed log-on runs as expected"
