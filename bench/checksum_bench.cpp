@@ -11,8 +11,7 @@
 
 #include "core/app_context.h"
 #include "hash/checksum.h"
-#include "platform/win32/win32_files.h"
-#include "platform/win32/win32_system.h"
+#include "platform/win32/win32_platform.h"
 
 namespace {
 
@@ -43,14 +42,9 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: checksum_bench <algorithm> <readBuffer> <repetitions> <file or folder\\>\n");
         return 2;
     }
-    tv::win32::Win32Files files;
-    tv::win32::Win32ProfileFiles profiles;
-    tv::win32::Win32Shell shell;
-    tv::win32::Win32MessageBoxes boxes;
-    tv::win32::Win32Processes processes;
-    tv::win32::Win32EventLoop loop;
+    tv::win32::Win32System system;
     tv::ui::HeadlessRenderer renderer;
-    tv::AppContext ctx({files, profiles, shell, boxes, processes, loop, renderer});
+    tv::AppContext ctx(system.with(renderer));
     ctx.algoName = argv[1];
     ctx.readBuffer = std::atoi(argv[2]);
     const int repetitions = std::max(1, std::atoi(argv[3]));

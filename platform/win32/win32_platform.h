@@ -1,0 +1,22 @@
+// The Win32 implementations of the platform interfaces, together, for a program
+// that runs on the real system.
+#pragma once
+
+#include "core/platform_set.h"
+#include "platform/win32/win32_files.h"
+#include "platform/win32/win32_system.h"
+
+namespace tv::win32 {
+
+struct Win32System {
+    Win32Files files;
+    Win32ProfileFiles profiles;
+    Win32Shell shell;
+    Win32MessageBoxes boxes;
+    Win32Processes processes;
+    Win32EventLoop loop;
+
+    PlatformSet with(ui::Renderer& renderer) { return {files, profiles, shell, boxes, processes, loop, renderer}; }
+};
+
+}  // namespace tv::win32
