@@ -5,7 +5,7 @@ SHELL := /bin/bash
 
 DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 	binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 wine wine64 xvfb x11-apps \
-	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev
+	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev python3
 
 BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3
 
