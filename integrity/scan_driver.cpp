@@ -8,27 +8,11 @@
 #include "integrity/check_int_file.h"
 #include "integrity/compare_pass.h"
 #include "integrity/data_file.h"
+#include "integrity/scan_passes.h"
 #include "integrity/scan_window.h"
 
 namespace tv {
 namespace {
-
-struct PassRow {
-    const char* ext1;
-    const char* ext2;
-    const char* planned;     // what the plan lists for it
-    const char* notWanted;   // the title of a pass that does not run
-};
-
-// "..." stands for no second extension: no four-character tail equals it.
-constexpr std::array<PassRow, kPassCount> kPasses{{
-    {".DLL", "...", ".dll", "DLL Scan --- Not Scanning"},
-    {".DRV", "...", ".drv", "Driver Scan --- Not Scanning"},
-    {".SYS", ".386", ".sys.386", "System Files --- Not Scanning"},
-    {".OCX", "...", ".ocx", "OCX Scan --- Not Scanning"},
-    {".EXE", ".COM", ".exe.com", "Executable Scan --- Not Scanning"},
-    {".PIF", ".SCR", ".pif.scr", "Commonly Exploited Executables --- Not Scanning"},
-}};
 
 constexpr const char* kLeaveWithFindings = "Some files failed the integrity check!  Are you sure you want to exit?";
 constexpr const char* kAbandonPrimary =
@@ -142,11 +126,8 @@ void ScanDriver::loadUp() {
     scan.customQueue.clear();
     counts_ = {};
     grandTotal_ = 0;
-    static constexpr std::array<const char*, kPassCount> kTitles{
-        "DLL Scan", "Driver Scan", "System Files Scan", "OCX Scan", "Executable Scan",
-        "Commonly Exploited Executable Scan"};
     for (int pass = 0; pass < kPassCount; ++pass) {
-        window_.titles[pass]->setCaption(kTitles[pass]);
+        window_.titles[pass]->setCaption(kScanPasses[pass].plannedTitle);
         window_.percentLabels[pass]->setCaption("0%");
         window_.fileLabels[pass]->setCaption("");
     }
@@ -166,7 +147,7 @@ void ScanDriver::loadUp() {
     for (;;) {
         std::string extList;
         for (int pass = 0; pass < kPassCount; ++pass)
-            if (scan.wanted[pass]) extList += kPasses[pass].planned;
+            if (scan.wanted[pass]) extList += kScanPasses[pass].planned;
         splitScannerSetting("ANTIVIRUS", window_.Text1, window_.Text2);
         countFiles(extList);
         if (ctx_.primaryBuild || !switchedRun || !nextJoiningFolder(slot)) break;
@@ -190,7 +171,7 @@ void ScanDriver::timerTick() {
         resetCaptions();
         for (int pass = 0; pass < kPassCount; ++pass) {
             if (!scan.wanted[pass]) {
-                window_.titles[pass]->setCaption(kPasses[pass].notWanted);
+                window_.titles[pass]->setCaption(kScanPasses[pass].notWanted);
                 continue;
             }
             scan.passType = static_cast<std::int16_t>(pass + 1);
@@ -198,7 +179,7 @@ void ScanDriver::timerTick() {
                 label->setLook(ui::kScanColour);
             // The sixth pass runs with no planned count: its percent stays at 0%.
             window_.pb1max.setCaption(pass == kPassExe2 ? "" : std::to_string(counts_[pass]));
-            integrityChecker2(ctx_, window_, kPasses[pass].ext1, kPasses[pass].ext2);
+            integrityChecker2(ctx_, window_, kScanPasses[pass].ext1, kScanPasses[pass].ext2);
         }
         if (scan.customQueue.empty()) break;
 

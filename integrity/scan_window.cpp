@@ -1,5 +1,7 @@
 #include "integrity/scan_window.h"
 
+#include "integrity/scan_passes.h"
+
 namespace tv::ui {
 namespace {
 
@@ -12,22 +14,6 @@ constexpr Bounds file(int row) { return {24, 22 + row * kRow, 330, 14}; }
 constexpr Bounds percent(int row) { return {370, 6 + row * kRow, 60, 16}; }
 constexpr Bounds figure(int row, int left, int width) { return {left, 16 + row * 28, width, 18}; }
 constexpr Bounds hidden{0, 0, 0, 0};
-
-struct PassLabels {
-    const char* title;
-    const char* caption;
-    const char* file;
-    const char* percent;
-};
-
-constexpr std::array<PassLabels, kPassCount> kPassLabels{{
-    {"l_dll2", "DLL Scan", "l_dll", "l_sdll"},
-    {"l_drv2", "Driver Scan", "l_drv", "l_sdrv"},
-    {"l_sys2", "System Files", "l_sys", "l_ssys"},
-    {"l_ocx2", "OCX Scan", "l_ocx", "l_socx"},
-    {"l_exe2", "Executable Scan", "l_exe", "l_sexe"},
-    {"l_2exe2", "Commonly Exploited Executable Scan", "l_2exe", "l_2sexe"},
-}};
 
 Control& hide(Control& control) {
     control.setVisible(false);
@@ -72,10 +58,10 @@ ScanWindow::ScanWindow()
       pb2max(hide(add(Kind::Label, "pb2max", hidden))),
       pbm(hide(add(Kind::Label, "pbm", hidden, "0"))) {
     for (int pass = 0; pass < kPassCount; ++pass) {
-        const PassLabels& names = kPassLabels[pass];
-        titles[pass] = &add(Kind::Label, names.title, title(pass), names.caption, &Frame1);
-        fileLabels[pass] = &add(Kind::Label, names.file, file(pass), "", &Frame1);
-        percentLabels[pass] = &add(Kind::Label, names.percent, percent(pass), "", &Frame1);
+        const ScanPass& names = kScanPasses[pass];
+        titles[pass] = &add(Kind::Label, names.titleLabel, title(pass), names.designTitle, &Frame1);
+        fileLabels[pass] = &add(Kind::Label, names.fileLabel, file(pass), "", &Frame1);
+        percentLabels[pass] = &add(Kind::Label, names.percentLabel, percent(pass), "", &Frame1);
     }
     Timer1.setValue(1);  // a one-shot: enabled by the plan, disabled by its own tick
     Timer1.setEnabled(false);
