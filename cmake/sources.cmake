@@ -27,6 +27,7 @@ set(TARVELON_CORE_SOURCES
   integrity/baseline_build.cpp
   integrity/check_int_file.cpp
   integrity/compare_pass.cpp
+  integrity/custom_baseline.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
   integrity/scan_driver.cpp

@@ -1,7 +1,9 @@
 #include "integrity/data_file.h"
 
 #include "core/file_utils.h"
+#include "core/settings_store.h"
 #include "core/text.h"
+#include "integrity/custom_baseline.h"
 #include "integrity/data_file_text.h"
 
 namespace tv {
@@ -37,13 +39,18 @@ std::string backupName(const std::string& path) {
 
 bool loadIntFile(AppContext& ctx, const std::string& path) { return loadInto(ctx, path, ctx.section); }
 
-bool loadCustomDat(AppContext& ctx, const std::string& path) {
+bool loadCustomDat(AppContext& ctx, ScanHost& host, const std::string& path) {
     const std::string backup = backupName(path);
     if (!fileThere(ctx, path) && fileThere(ctx, backup) &&
         ctx.os.boxes.show("The data file is missing! Would you like to use the backup?", ".Dat file Missing!",
                           box::YesNo) == box::Yes) {
         ctx.os.files.copy(backup, path);
     }
+    if (!fileThere(ctx, path)) {
+        const std::string number = getBetween(path, 1, "Data\\", ".");
+        buildCustomDat(ctx, host, readIni(ctx, ctx.settFile, "path", number), path, number);
+    }
+    // A refused scan leaves no file; the load then makes it, empty.
     return loadInto(ctx, path, ctx.custom);
 }
 

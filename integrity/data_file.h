@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/app_context.h"
+#include "integrity/scan_host.h"
 
 namespace tv {
 
@@ -16,8 +17,9 @@ bool loadIntFile(AppContext& ctx, const std::string& path);
 
 // The same for a custom folder's data file, into ctx.custom. A missing file
 // whose backup (".bak" for the last three characters) can be read is first
-// offered back from it.
-bool loadCustomDat(AppContext& ctx, const std::string& path);
+// offered back from it; a file still missing is built for the slot's folder
+// (which may start the folder's first scan through `host`).
+bool loadCustomDat(AppContext& ctx, ScanHost& host, const std::string& path);
 
 // Section numbers 1 to 9, or 0.
 int findSection(const AppContext& ctx, const std::string& name);

@@ -195,7 +195,7 @@ void ScanDriver::timerTick() {
         scan.wanted = wantedGroups(record.args);
         scan.customIndex = static_cast<std::int16_t>(slot);
         scan.customQueue.erase(0, first.size() + 1);
-        loadCustomDat(ctx_, hash::getCustomDat(ctx_, slot));
+        loadCustomDat(ctx_, host_, hash::getCustomDat(ctx_, slot));
         ctx_.os.loop.pump();
     }
 
@@ -263,6 +263,19 @@ bool ScanDriver::queryUnload() {
     window_.setVisible(false);
     loadIntFile(ctx_, ctx_.intFile);
     return true;  // the window stays loaded, hidden
+}
+
+void ScanDriver::firstCustomScan(const std::string& folder, const std::string& datFile, const FolderChoice& choice) {
+    ScanRunState& scan = ctx_.scan;
+    scan.pageScan = scan.noAutoAction = true;
+    command1Click();  // clears whatever scan the window holds
+    loadCustomDat(ctx_, host_, datFile);
+    scan.wanted.fill(true);
+    ctx_.customFolder = choice.text;
+    scan.customIndex = static_cast<std::int16_t>(choice.index);
+    scan.customFirstScan = scan.pageScan = true;
+    ctx_.customFolder = folder;
+    loadUp();
 }
 
 void ScanDriver::togglePause() {

@@ -22,7 +22,15 @@ class ScanDriver {
 public:
     ScanDriver(AppContext& ctx, ui::ScanWindow& window, ScanHost& host);
 
+    // The folder and slot chosen on the main window's folder list (Combo1).
+    struct FolderChoice {
+        std::string text;
+        int index = 0;
+    };
+
     void loadUp();
+    // A custom folder's first scan, over its freshly written blank data file.
+    void firstCustomScan(const std::string& folder, const std::string& datFile, const FolderChoice& choice);
     void timerTick();       // Timer1
     void command1Click();   // leaving the scan
     bool queryUnload();     // the close box; true keeps the window

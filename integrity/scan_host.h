@@ -18,6 +18,9 @@ public:
     virtual void pressResultAction() = 0;
     // The shut-down sequence's step after its scan.
     virtual void afterShutDownScan() = 0;
+    // Starts the first scan of a custom folder whose blank data file was just
+    // written, on the scan window, from the main window.
+    virtual void startFirstCustomScan(const std::string& folder, const std::string& datFile) = 0;
 };
 
 }  // namespace tv

@@ -53,6 +53,11 @@ void Application::startScanWindow() {
     scanDriver().loadUp();
 }
 
+void Application::startFirstCustomScan(const std::string& folder, const std::string& datFile) {
+    const Control& combo = mForm1_->Combo1;
+    scanDriver().firstCustomScan(folder, datFile, {combo.caption(), combo.value()});
+}
+
 // The action on the findings (scanners, report, new baselines) is not part of
 // the program yet: the findings stay on the screen for the user.
 void Application::pressResultAction() {}

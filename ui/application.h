@@ -54,6 +54,7 @@ public:
     void endProgram() override { endProcess(); }
     void pressResultAction() override;
     void afterShutDownScan() override {}
+    void startFirstCustomScan(const std::string& folder, const std::string& datFile) override;
 
 private:
     void fixPaths();

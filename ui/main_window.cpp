@@ -32,6 +32,7 @@ MainWindow::MainWindow()
       advF(add(Kind::Frame, "advF", kInner, {}, &settF)),
       repF(add(Kind::Frame, "repF", kPage)),
       Frame2(add(Kind::Frame, "Frame2", kPage)),
+      Combo1(add(Kind::ComboBox, "Combo1", {20, 40, 420, 24}, {}, &intF)),
       Label32(add(Kind::Label, "Label32", {20, 20, 300, 24}, "Tarvelon", &Frame2)),
       Label33(add(Kind::Label, "Label33", {20, 52, 300, 20}, "Version: 2.0", &Frame2)),
       Label36(add(Kind::Label, "Label36", {20, 80, 90, 20}, "Programmer:", &Frame2)),

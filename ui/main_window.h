@@ -31,6 +31,10 @@ public:
     Control& repF;
     Control& Frame2;  // About
 
+    // Folder scan page: the folder to scan (item 0 the system directory, then
+    // the custom folders, the index standing for the slot).
+    Control& Combo1;
+
     // About page.
     Control& Label32;
     Control& Label33;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/platform_set.h"
+#include "integrity/scan_host.h"
 
 namespace tv::test {
 
@@ -107,6 +108,25 @@ public:
     }
     int run() override { return 0; }
     void quit(int) override { quitCalled = true; }
+};
+
+// The scan's view of the rest of the program, recorded; the hooks stand for
+// the windows a test brings along.
+struct RecordingHost final : ScanHost {
+    std::function<void()> start;
+    std::function<void(const std::string&, const std::string&)> startFirstCustom;
+    std::vector<std::string> captions;
+    bool mainShown = true, ended = false;
+    int actions = 0;
+    void setMainCaption(const std::string& caption) override { captions.push_back(caption); }
+    void showMainWindow(bool visible) override { mainShown = visible; }
+    void startScanWindow() override { start(); }
+    void endProgram() override { ended = true; }
+    void pressResultAction() override { ++actions; }
+    void afterShutDownScan() override {}
+    void startFirstCustomScan(const std::string& folder, const std::string& datFile) override {
+        startFirstCustom(folder, datFile);
+    }
 };
 
 // One complete set of stand-ins.

@@ -30,7 +30,7 @@ TEST(SplitDataFile, NineBlocksEachFromHeadToEndLine) {
 }
 
 TEST(SplitDataFile, EmptyHeaderOnlyAndHeadlessFilesGiveNineEmptyBlocks) {
-    for (const std::string text : {std::string(), std::string(kDataFileHeader), std::string("no heads\r\n")}) {
+    for (const std::string& text : {std::string(), std::string(kDataFileHeader), std::string("no heads\r\n")}) {
         const auto split = splitDataFile(text);
         EXPECT_EQ(split.blockCount, 0);
         for (const auto& block : split.blocks.text) EXPECT_TRUE(block.empty());
@@ -98,20 +98,18 @@ TEST_F(DataFile, SaveKeepsTheFormerFileAsBackupAndDropsTheEmptyLine) {
     EXPECT_TRUE(saved.starts_with(std::string(kDataFileHeader) + "[DLL]\r\nNEW.DLL=1*E\r\nNULL*E\r\n[DRV]"));
 }
 
-TEST_F(DataFile, CustomFileOffersItsBackupOnce) {
+TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
     const std::string custom = "C:\\T\\Data\\7-md5.dat";
     os.files.put("C:\\T\\Data\\7-md5.bak", standardFile());
-    os.boxes.answers = {box::No};
-    ASSERT_TRUE(loadCustomDat(ctx, custom));
+    os.boxes.answers = {box::Yes};
+    test::RecordingHost host;
+    ASSERT_TRUE(loadCustomDat(ctx, host, custom));
     EXPECT_EQ(os.boxes.shown[0].prompt, "The data file is missing! Would you like to use the backup?");
     EXPECT_EQ(os.boxes.shown[0].title, ".Dat file Missing!");
     EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
-    EXPECT_EQ(*os.files.content(custom), "");  // refused: made empty by the load
-    os.files.remove(custom);
-    os.boxes.answers = {box::Yes};
-    ASSERT_TRUE(loadCustomDat(ctx, custom));
     EXPECT_EQ(findCustomSection(ctx, "scr"), 9);
-    EXPECT_EQ(os.boxes.shown.size(), 2u);
+    ASSERT_TRUE(loadCustomDat(ctx, host, custom));  // there now: no question
+    EXPECT_EQ(os.boxes.shown.size(), 1u);
 }
 
 }  // namespace

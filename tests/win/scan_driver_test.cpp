@@ -9,20 +9,6 @@
 namespace tv::test {
 namespace {
 
-// The scan's view of the rest of the program, recorded.
-struct RecordingHost final : ScanHost {
-    std::function<void()> start;
-    std::vector<std::string> captions;
-    bool mainShown = true, ended = false;
-    int actions = 0;
-    void setMainCaption(const std::string& caption) override { captions.push_back(caption); }
-    void showMainWindow(bool visible) override { mainShown = visible; }
-    void startScanWindow() override { start(); }
-    void endProgram() override { ended = true; }
-    void pressResultAction() override { ++actions; }
-    void afterShutDownScan() override {}
-};
-
 // The real Windows shell, but with a system directory of the test's own.
 struct OwnSystemShell final : Shell {
     win32::Win32Shell real;
@@ -151,6 +137,9 @@ TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
     EXPECT_TRUE(window.Frame2.visible());
     EXPECT_FALSE(host.ended);  // findings: the results stay
     EXPECT_EQ(window.titles[1]->caption(), "Driver Scan --- Not Scanning");
+    // A run that cannot ask wrote the folder's missing baseline blank.
+    EXPECT_EQ(readIni(ctx, path("Data\\3.dat"), "u.dll", "DLL"), "NULL*E");
+    EXPECT_EQ(readIni(ctx, path("Data\\3.dat"), "t.exe", "EXE"), "NULL*E");
 }
 
 TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
@@ -164,6 +153,43 @@ TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
     runTimer();
     EXPECT_TRUE(window.Label14.visible());
     EXPECT_TRUE(host.ended);
+}
+
+TEST_F(ScanDriverTest, CustomFolderWithoutBaselineAsksBeforeItsFirstScan) {
+    files.makeFolder(path("tools"));
+    writeFile("tools\\t.exe", "t");
+    writeFile("tools\\u.DLL", "u");
+    writeEntry(ctx, ctx.settFile, "path", path("tools"), "4");
+    writeFile("Data\\Integrity.dat", "");
+    host.startFirstCustom = [this](const std::string& folder, const std::string& datFile) {
+        driver.firstCustomScan(folder, datFile, {path("tools"), 4});
+    };
+    const std::string datFile = path("Data\\4.dat");
+
+    boxes.answers = {box::No, box::Ok};
+    loadCustomDat(ctx, host, datFile);
+    EXPECT_EQ(boxes.shown[0].prompt, "This Custom Folder " + path("tools") +
+                                         " has not been fully scanned yet. The scan is required by the Integrity "
+                                         "Checker.\r\n\r\nPerform scan now?");
+    EXPECT_EQ(boxes.shown[1].prompt,
+              "You have chosen not to scan this Custom Folder.  You need to run the scan before using this "
+              "Custom Folder Integrity Checker.");
+    EXPECT_EQ(readFile("Data\\4.dat"), "");  // the load made it, empty
+    EXPECT_FALSE(window.Timer1.enabled());
+
+    files.remove(datFile);
+    boxes.answers = {box::Yes};
+    loadCustomDat(ctx, host, datFile);
+    EXPECT_EQ(readIni(ctx, datFile, "u.DLL", "DLL"), "NULL*E");
+    EXPECT_TRUE(ctx.scan.customFirstScan && ctx.scan.pageScan && ctx.scan.noAutoAction);
+    EXPECT_EQ(ctx.customFolder, path("tools"));
+    EXPECT_EQ(ctx.scan.customIndex, 4);
+    EXPECT_TRUE(window.visible());
+    runTimer();
+    EXPECT_EQ(ctx.scan.newCount, 2);  // every listed file is new
+    EXPECT_EQ(window.List1.items(), (std::vector<std::string>{path("tools\\u.DLL *NEW*"),
+                                                              path("tools\\t.exe *NEW*")}));
+    EXPECT_EQ(host.actions, 1);  // the findings become the baseline at once
 }
 
 }  // namespace
