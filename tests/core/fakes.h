@@ -96,12 +96,16 @@ public:
     int pumps = 0;
     int statusQueries = 0;
     std::uint32_t queueAnswer = 0;  // what the queue status reports
+    int waits = 0;  // of a paused scan for the next message
     bool quitCalled = false;
     void pump() override {
         ++pumps;
         if (onPump) onPump();
     }
-    void waitForInput() override { pump(); }
+    void waitForInput() override {
+        ++waits;
+        pump();
+    }
     std::uint32_t queueStatus(std::uint32_t) override {
         ++statusQueries;
         return queueAnswer;
@@ -113,6 +117,10 @@ public:
 // The scan's view of the rest of the program, recorded; the hooks stand for
 // the windows a test brings along.
 struct RecordingHost final : ScanHost {
+    // Thrown by endProgram when asked to: unwinds the scan as the end of the
+    // process would stop it.
+    struct ProgramEnded {};
+    bool endUnwinds = false;
     std::function<void()> start;
     std::function<void(const std::string&, const std::string&)> startFirstCustom;
     std::vector<std::string> captions;
@@ -121,7 +129,10 @@ struct RecordingHost final : ScanHost {
     void setMainCaption(const std::string& caption) override { captions.push_back(caption); }
     void showMainWindow(bool visible) override { mainShown = visible; }
     void startScanWindow() override { start(); }
-    void endProgram() override { ended = true; }
+    void endProgram() override {
+        ended = true;
+        if (endUnwinds) throw ProgramEnded{};
+    }
     void pressResultAction() override { ++actions; }
     void afterShutDownScan() override {}
     void startFirstCustomScan(const std::string& folder, const std::string& datFile) override {

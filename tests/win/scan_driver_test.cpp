@@ -1,58 +1,10 @@
 #include "core/settings_store.h"
-#include "hash/checksum.h"
 #include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
-#include "integrity/scan_driver.h"
-#include "integrity/scan_window.h"
-#include "tests/win/win_fixture.h"
+#include "tests/win/scan_fixture.h"
 
 namespace tv::test {
 namespace {
-
-// The real Windows shell, but with a system directory of the test's own.
-struct OwnSystemShell final : Shell {
-    win32::Win32Shell real;
-    std::string system;
-    std::string systemDirectory(std::size_t) const override { return system; }
-    std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
-    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
-    std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
-    std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
-        return real.openFileDialog(o, t, f, n);
-    }
-    std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
-};
-
-class ScanDriverTest : public WinTest {
-protected:
-    ScanDriverTest() {
-        files.makeFolder(path("sys"));
-        files.makeFolder(path("Data"));
-        shell.system = path("sys");
-        ctx.appPath = path("");
-        ctx.settFile = path("Data\\Tarvelon.dat");
-        ctx.intFile = path("Data\\Integrity.dat");
-        ctx.algoName = "crc32";
-        ctx.readBuffer = 65536;
-        checkSettFile(ctx);
-        host.start = [this] {
-            window.setVisible(true);
-            driver.loadUp();
-        };
-    }
-    void systemFile(const std::string& name, const std::string& content) { writeFile("sys\\" + name, content); }
-    std::string crcOf(const std::string& name) { return hash::getChecksum(ctx, path("sys\\" + name)); }
-    void runTimer() {
-        ASSERT_TRUE(window.Timer1.enabled());
-        window.Timer1.userTick();
-    }
-
-    OwnSystemShell shell;
-    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer}};
-    ui::ScanWindow window;
-    RecordingHost host;
-    ScanDriver driver{ctx, window, host};
-};
 
 TEST_F(ScanDriverTest, FirstRunYesBuildsAndFillsTheBaseline) {
     systemFile("kernel32.dll", "kernel");
@@ -98,19 +50,6 @@ TEST_F(ScanDriverTest, RefusedBackupIsDeletedAndTheProgramStartsAnew) {
     writeFile("Data\\Integrity.bak", "kept");
     checkIntFile(ctx, host);
     EXPECT_EQ(readFile("Data\\Integrity.dat"), "kept");
-}
-
-TEST_F(ScanDriverTest, AbandoningThePrimaryScanAsksAndDeletesTheFile) {
-    systemFile("a.dll", "a");
-    boxes.answers = {box::Yes, box::No};
-    checkIntFile(ctx, host);
-    driver.command1Click();  // No: the scan goes on
-    EXPECT_TRUE(files.canRead(ctx.intFile));
-    EXPECT_FALSE(host.ended);
-    boxes.answers = {box::Yes};
-    EXPECT_FALSE(driver.queryUnload());
-    EXPECT_FALSE(files.canRead(ctx.intFile));
-    EXPECT_TRUE(host.ended);
 }
 
 TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {

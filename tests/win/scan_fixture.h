@@ -1,0 +1,59 @@
+// A scan window and its driver over the real Win32 platform, with a system
+// directory of the test's own and the program's files in the test's folder.
+#pragma once
+
+#include "core/settings_store.h"
+#include "hash/checksum.h"
+#include "integrity/scan_driver.h"
+#include "integrity/scan_window.h"
+#include "platform/win32/win32_system.h"
+#include "tests/win/win_fixture.h"
+
+namespace tv::test {
+
+// The real Windows shell, but with a system directory of the test's own.
+struct OwnSystemShell final : Shell {
+    win32::Win32Shell real;
+    std::string system;
+    std::string systemDirectory(std::size_t) const override { return system; }
+    std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
+    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
+    std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
+    std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
+        return real.openFileDialog(o, t, f, n);
+    }
+    std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
+};
+
+class ScanDriverTest : public WinTest {
+protected:
+    ScanDriverTest() {
+        files.makeFolder(path("sys"));
+        files.makeFolder(path("Data"));
+        shell.system = path("sys");
+        ctx.appPath = path("");
+        ctx.settFile = path("Data\\Tarvelon.dat");
+        ctx.intFile = path("Data\\Integrity.dat");
+        ctx.algoName = "crc32";
+        ctx.readBuffer = 65536;
+        checkSettFile(ctx);
+        host.start = [this] {
+            window.setVisible(true);
+            driver.loadUp();
+        };
+    }
+    void systemFile(const std::string& name, const std::string& content) { writeFile("sys\\" + name, content); }
+    std::string crcOf(const std::string& name) { return hash::getChecksum(ctx, path("sys\\" + name)); }
+    void runTimer() {
+        ASSERT_TRUE(window.Timer1.enabled());
+        window.Timer1.userTick();
+    }
+
+    OwnSystemShell shell;
+    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer}};
+    ui::ScanWindow window;
+    RecordingHost host;
+    ScanDriver driver{ctx, window, host};
+};
+
+}  // namespace tv::test
