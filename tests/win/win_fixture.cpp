@@ -9,10 +9,13 @@ namespace tv::test {
 WinTest::WinTest() {
     char temp[MAX_PATH + 1] = {};
     ::GetTempPathA(MAX_PATH, temp);
+    // A new folder every time: a test that crashed leaves its folder behind,
+    // and Wine reuses process numbers.
     static int serial = 0;
-    folder_ = std::string(temp) + "tarvelon-test-" + std::to_string(::GetCurrentProcessId()) + "-" +
-              std::to_string(++serial) + "\\";
-    ::CreateDirectoryA(folder_.c_str(), nullptr);
+    do {
+        folder_ = std::string(temp) + "tarvelon-test-" + std::to_string(::GetCurrentProcessId()) + "-" +
+                  std::to_string(++serial) + "\\";
+    } while (!::CreateDirectoryA(folder_.c_str(), nullptr) && ::GetLastError() == ERROR_ALREADY_EXISTS);
 }
 
 WinTest::~WinTest() {
