@@ -94,6 +94,24 @@ TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
     EXPECT_TRUE(host.ended);
 }
 
+TEST_F(ScanDriverTest, ScheduledRunCountsEveryTypeButScansTheSavedOnes) {
+    systemFile("a.dll", "a");
+    systemFile("b.exe", "b");
+    writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
+    writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
+    loadIntFile(ctx, ctx.intFile);
+    ctx.cmdLine = "/a";
+    ctx.schedRun = ctx.autoLoadRun = true;
+    driver.loadUp();
+    EXPECT_EQ(window.pb2max.caption(), "2");
+    EXPECT_EQ(ctx.scan.wanted, (std::array<bool, 6>{true, false, false, false, false, false}));
+    EXPECT_TRUE(ctx.autoScanFailed);  // from the fixed list of the counting
+    runTimer();
+    EXPECT_EQ(window.Label6.caption(), "1");
+    EXPECT_EQ(host.actions, 1);
+    EXPECT_TRUE(host.ended);  // clean: b.exe was counted but not scanned
+}
+
 TEST_F(ScanDriverTest, CustomFolderWithoutBaselineAsksBeforeItsFirstScan) {
     files.makeFolder(path("tools"));
     writeFile("tools\\t.exe", "t");
