@@ -12,6 +12,7 @@
 //   tarvauto caption <title> <name>          caption of the control named <name>
 //   tarvauto wait-caption <title> <name> <text>  wait until that caption reads <text>
 //   tarvauto click <title> <name>            press the control named <name>
+//   tarvauto items <title> <name>            the items of a list, one per line
 //
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
@@ -126,6 +127,32 @@ void pressButton(HWND button) {
                    MAKEWPARAM(::GetDlgCtrlID(button), BN_CLICKED), reinterpret_cast<LPARAM>(button));
 }
 
+// Asks a list box of another process, without hanging on a window that does
+// not answer.
+LRESULT askList(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR result = 0;
+    if (!::SendMessageTimeoutW(list, message, wParam, lParam, SMTO_ABORTIFHUNG, g_timeoutMs, &result)) return LB_ERR;
+    return static_cast<LRESULT>(result);
+}
+
+std::vector<std::string> listItems(HWND list) {
+    std::vector<std::string> items;
+    const LRESULT count = askList(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const LRESULT length = askList(list, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
+        if (length == LB_ERR) break;
+        // Asked in UTF-16, which the system copies across processes as it is
+        // (Wine hands a narrow request the wide text), then put in the ANSI code page.
+        std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
+        askList(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
+        const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+        std::string text(static_cast<std::size_t>(size), '\0');
+        ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
+        items.emplace_back(text.c_str());
+    }
+    return items;
+}
+
 int start(const std::string& commandLine) {
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
@@ -224,6 +251,13 @@ int run(int argc, char** argv) {
         HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
+    }
+    if (command == "items") {
+        const std::string name = arg(2);
+        HWND list = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "list " + name);
+        if (!list) return fail();
+        for (const std::string& item : listItems(list)) std::printf("%s\n", item.c_str());
+        return 0;
     }
     if (command == "caption" || command == "click") {
         const std::string name = arg(2);

@@ -67,6 +67,8 @@ expect_eq "new files" "1" "$(auto caption @intCheck Label8)"
 expect_eq "failed files" "1" "$(auto caption @intCheck Label9)"
 expect_eq "passing files" "$((total - 2))" "$(auto caption @intCheck Label7)"
 expect_eq "list heading" "New and Failed Files:" "$(auto caption @intCheck Label10)"
+expect_eq "new and failed files" "$(printf '%s\n' 'C:\windows\system32\msacm32.dll' \
+    'C:\windows\system32\tarvelon-added.exe *NEW*')" "$(auto items @intCheck List1 | tr -d '\r')"
 
 auto click @intCheck Image11 >/dev/null
 expect_eq "leaving with findings" "Some files failed the integrity check!  Are you sure you want to exit?" "$(auto box-text Warning)"
