@@ -37,13 +37,7 @@ expect_eq "first-run question" "$FIRST_RUN_PROMPT" "$(auto box-text TarvelonLow)
 auto press TarvelonLow Yes >/dev/null
 
 # The primary scan fills every value in; the scan window then gives way to the main window.
-deadline=$((SECONDS + 240))
-until [ -s "$data" ] && ! grep -q '=NULL\*E' "$data"; do
-    [ $SECONDS -lt $deadline ] || fail "the primary full scan did not finish"
-    sleep 0.5
-done
-auto wait-no-window @intCheck >/dev/null
-auto wait-window "Welcome to Tarvelon" >/dev/null
+wait_for_primary_scan "$data"
 ours=$(tr -d '\r' <"$data" | grep -v '^NULL\*E$' | grep -E '^[^[/].*=[0-9A-F]+\*E$' | sed 's/\*E$//' |
     awk -F= '{name=$1; for (i = 2; i < NF; i++) name = name "=" $i; print toupper(name) "=" $NF}' | sort)
 expect_eq "baseline of the system directory" "$(watched_crcs | sort)" "$ours"

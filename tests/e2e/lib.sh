@@ -51,3 +51,15 @@ refuse_first_run() {
     expect_eq "refusal of the full scan" "You have chosen not to do a full scan at this time.  You need to run the full scan before using the Integrity Checker." "$(auto box-text TarvelonLow)"
     auto press TarvelonLow OK >/dev/null
 }
+
+# Waits until the primary full scan has filled every value of the data file in
+# and its window has given way to the main window.
+wait_for_primary_scan() {  # data file
+    local deadline=$((SECONDS + 240))
+    until [ -s "$1" ] && ! grep -q '=NULL\*E' "$1"; do
+        [ $SECONDS -lt $deadline ] || fail "the primary full scan did not finish"
+        sleep 0.5
+    done
+    auto wait-no-window @intCheck >/dev/null
+    auto wait-window "Welcome to Tarvelon" >/dev/null
+}
