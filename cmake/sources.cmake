@@ -46,6 +46,7 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_message_boxes.cpp
   platform/win32/win32_processes.cpp
   platform/win32/win32_profile_files.cpp
+  platform/win32/pending_texts.cpp
   platform/win32/win32_renderer.cpp
   platform/win32/win32_shell.cpp
 )

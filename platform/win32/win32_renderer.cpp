@@ -4,12 +4,15 @@
 
 #include <unordered_map>
 
+#include "platform/win32/pending_texts.h"
+
 namespace tv::win32 {
 namespace {
 
 constexpr const char* kFormClass = "TarvelonForm";
 constexpr const char* kFrameClass = "TarvelonFrame";
 constexpr int kFirstControlId = 1000;
+constexpr UINT_PTR kTextTimer = 1;  // writes waiting texts; below every control's id
 
 using ui::Control;
 using ui::Kind;
@@ -58,6 +61,8 @@ struct Win32Renderer::FormWindow {
     std::unordered_map<int, Control*> byId;
     std::unordered_map<const Control*, int> idOf;
     bool mirroring = false;  // set while the model writes into a window
+    PendingTexts texts;       // labels' and the caption's newest texts, not yet written
+    bool textTimerSet = false;
 
     static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
@@ -66,6 +71,8 @@ struct Win32Renderer::FormWindow {
     void createControl(Control& control, HINSTANCE instance, HFONT font);
     void mirror(Control& control, Prop what);
     void mirrorForm(ui::FormProp what);
+    void setTextSoon(HWND window, const std::string& text);
+    void writeTexts();
     void command(int id, int code);
     void timer(int id);
     void forget();
@@ -198,7 +205,12 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     HWND child = found->second;
     mirroring = true;
     switch (what) {
-    case Prop::Caption: ::SetWindowTextA(child, control.caption().c_str()); break;
+    case Prop::Caption:
+        if (control.kind() == Kind::Label)
+            setTextSoon(child, control.caption());
+        else
+            ::SetWindowTextA(child, control.caption().c_str());
+        break;
     case Prop::Visible: ::ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
     case Prop::Enabled: ::EnableWindow(child, control.enabled()); break;
     case Prop::Colour:
@@ -239,8 +251,9 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
 void Win32Renderer::FormWindow::mirrorForm(ui::FormProp what) {
     if (!hwnd) return;
     switch (what) {
-    case ui::FormProp::Caption: ::SetWindowTextA(hwnd, form->caption().c_str()); break;
+    case ui::FormProp::Caption: setTextSoon(hwnd, form->caption()); break;
     case ui::FormProp::Visible:
+        writeTexts();  // a window comes up with its current texts
         ::ShowWindow(hwnd, form->visible() ? (form->minimised() ? SW_SHOWMINNOACTIVE : SW_SHOW)
                                            : SW_HIDE);
         if (form->visible()) ::UpdateWindow(hwnd);
@@ -250,6 +263,21 @@ void Win32Renderer::FormWindow::mirrorForm(ui::FormProp what) {
         break;
     case ui::FormProp::Destroyed: forget(); break;
     }
+}
+
+// The texts are written when their interval has passed; otherwise a timer
+// writes the last of them once the changes stop.
+void Win32Renderer::FormWindow::setTextSoon(HWND window, const std::string& text) {
+    if (texts.set(window, text)) return writeTexts();
+    if (!textTimerSet) textTimerSet = ::SetTimer(hwnd, kTextTimer, PendingTexts::kIntervalMs, nullptr) != 0;
+}
+
+void Win32Renderer::FormWindow::writeTexts() {
+    mirroring = true;
+    texts.flush();
+    mirroring = false;
+    if (textTimerSet) ::KillTimer(hwnd, kTextTimer);
+    textTimerSet = false;
 }
 
 void Win32Renderer::FormWindow::command(int id, int code) {
@@ -302,6 +330,7 @@ void Win32Renderer::FormWindow::forget() {
     ::EnumChildWindows(hwnd, dropNameOfChild, 0);
     dropName(hwnd);
     ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
+    texts.clear();
     ::DestroyWindow(hwnd);
     hwnd = nullptr;
 }
@@ -312,7 +341,12 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
     if (window) {
         switch (message) {
         case WM_COMMAND: window->command(LOWORD(wParam), HIWORD(wParam)); return 0;
-        case WM_TIMER: window->timer(static_cast<int>(wParam)); return 0;
+        case WM_TIMER:
+            if (wParam == kTextTimer)
+                window->writeTexts();
+            else
+                window->timer(static_cast<int>(wParam));
+            return 0;
         case WM_CLOSE: window->form->userClose(); return 0;
         default: break;
         }

@@ -3,6 +3,7 @@
 #include "core/file_utils.h"
 #include "core/text.h"
 #include "platform/win32/win32_base.h"
+#include "platform/win32/pending_texts.h"
 #include "platform/win32/win32_renderer.h"
 #include "tests/win/win_fixture.h"
 #include "ui/startup_folder.h"
@@ -119,6 +120,34 @@ TEST_F(Renderer, ControlsCarryNameAndCaption) {
     page.setVisible(false);
     EXPECT_FALSE(::IsWindowVisible(hwnd));
     EXPECT_EQ(nameOf(reinterpret_cast<HWND>(form.nativeWindow())), "testForm");
+}
+
+// Counts the texts written into one window.
+WNDPROC g_staticProc = nullptr;
+int g_textWrites = 0;
+LRESULT CALLBACK countingProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETTEXT) ++g_textWrites;
+    return ::CallWindowProcA(g_staticProc, hwnd, message, wParam, lParam);
+}
+
+TEST_F(Renderer, FastChangingLabelIsWrittenAtIntervalsAndEndsOnItsLastText) {
+    auto& label = form.add(ui::Kind::Label, "l_dll", {10, 10, 200, 20});
+    real.attach(form);
+    form.setVisible(true);
+    HWND hwnd = childNamed("l_dll");
+    g_staticProc = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrA(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(countingProc)));
+    g_textWrites = 0;
+    const DWORD start = ::GetTickCount();
+    for (int n = 1; n <= 20000; ++n) label.setCaption(std::to_string(n));
+    const DWORD spent = ::GetTickCount() - start;
+    EXPECT_LE(g_textWrites, 2 + static_cast<int>(spent / win32::PendingTexts::kIntervalMs));
+    win32::Win32EventLoop events;
+    while (textOf(hwnd) != "20000" && ::GetTickCount() - start < spent + 5000) {
+        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
+        events.pump();
+    }
+    EXPECT_EQ(textOf(hwnd), "20000");
 }
 
 TEST_F(Renderer, ClicksAndTicksReachTheModel) {
