@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# make bench: the checksum engines against the usual tools, in one run.
+# make bench: the checksum engines against the usual tools, and the log-on scan.
 #
 # On a generated 1 GiB file held in the page cache and on a folder of 20,000
 # small files, getChecksum as the program runs it (the win64 build under Wine,
 # reading through the Win32 platform, in each of the four buffer sizes) is timed
 # inside the program (median of its repetitions); the peers are timed with
-# hyperfine (-N, median). Every command runs on core 0. Digests are compared with
-# the peers' before any time is reported. Results: build/bench/results.md.
+# hyperfine (-N, median). Digests are compared with the peers' before any time
+# is reported. Then a clean log-on scan of generated system directories of
+# 5,000, 10,000 and 100,000 files runs on its window, shown and hidden. Every
+# command runs on core 0. Results: build/bench/results.md.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
@@ -21,7 +23,7 @@ pin=(taskset -c 0)
 
 echo "== building"
 cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
-cmake --preset win64 >>"$out/build.log" 2>&1 && cmake --build --preset win64 -j "$(nproc)" --target checksum_bench >>"$out/build.log" 2>&1
+cmake --preset win64 >>"$out/build.log" 2>&1 && cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench >>"$out/build.log" 2>&1
 
 echo "== data"
 big=$data/big.bin
@@ -38,6 +40,12 @@ for i in range(20000):
 PY
 fi
 find "$small" -type f | sort >"$data/small.list"
+for count in 5000 10000 100000; do
+    folder=$data/scan$count
+    [ "$(find "$folder/system" -type f 2>/dev/null | wc -l)" == "$count" ] ||
+        { rm -rf "$folder" && bench/make-scan-folder.py "$count" "$folder"; }
+    find "$folder" -type f -exec cat {} + >/dev/null
+done
 cat "$big" "$small"/* >/dev/null  # into the page cache
 
 start_virtual_display
@@ -63,6 +71,14 @@ peer() {  # name, command...
     shift
     "${pin[@]}" hyperfine -N --warmup 2 --runs "$runs" --export-json "$out/$name.json" "$*" >"$out/$name.log" 2>&1 || { cat "$out/$name.log" >&2; return 1; }
     python3 -c "import json,sys; print(json.load(open(sys.argv[1]))['results'][0]['median'])" "$out/$name.json"
+}
+
+# Median seconds of a clean log-on scan over a generated system directory.
+scan() {  # display (shown, minimised, hidden), file count, repetitions
+    local folder
+    folder=$(winpath "$(realpath "$data/scan$2")")
+    "${pin[@]}" wine "$out/../win64/bench/scan_bench.exe" "$1" "$3" "$folder\\program\\" "$folder\\system\\" \
+        2>/dev/null | tr -d '\r' | sed 's/median=\([0-9.]*\).*/\1/'
 }
 
 hex_to_decimal_bytes() { python3 -c "import sys; print(''.join(str(b) for b in bytes.fromhex(sys.argv[1])))" "$1"; }
@@ -103,6 +119,15 @@ for algo in CRC32 MD5 SHA1 MD4; do
     done
     mine[$algo.small]=$(ours "$algo" 65536 "$small/" | sed 's/median=\([0-9.]*\).*/\1/')
 done
+
+declare -A scans
+scans[5000.hidden]=$(scan hidden 5000 9)
+scans[5000.shown]=$(scan shown 5000 9)
+scans[5000.minimised]=$(scan minimised 5000 9)
+scans[10000.shown]=$(scan shown 10000 7)
+scans[100000.shown]=$(scan shown 100000 3)
+scans[10000.checksums]=$(ours CRC32 65536 "$data/scan10000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
+scans[100000.checksums]=$(ours CRC32 65536 "$data/scan100000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
 
 ratio() { python3 -c "import sys; print(f'{float(sys.argv[1]) / float(sys.argv[2]):.2f}')" "$1" "$2"; }
 best() { printf '%s\n' "$@" | sort -g | head -n 1; }
@@ -150,5 +175,13 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo "- getChecksum CRC32 ${mine[CRC32.small]}, MD5 ${mine[MD5.small]}, SHA1 ${mine[SHA1.small]}, MD4 ${mine[MD4.small]}"
     echo "- xargs cat ${t[small_cat]}, xargs cksum ${t[small_cksum]}"
     echo "- CRC-32 / cat: $(ratio "${mine[CRC32.small]}" "${t[small_cat]}")"
+    echo
+    echo "## Log-on scan, clean, CRC-32, all six groups (seconds, median)"
+    echo
+    echo "- 5,000 files: window hidden ${scans[5000.hidden]}, shown ${scans[5000.shown]}, minimised ${scans[5000.minimised]}"
+    echo "- shown / hidden: $(ratio "${scans[5000.shown]}" "${scans[5000.hidden]}") (at most 1.2)"
+    echo "- 10,000 files ${scans[10000.shown]}, 100,000 files ${scans[100000.shown]} (shown)"
+    echo "- 100,000 / 10,000: $(ratio "${scans[100000.shown]}" "${scans[10000.shown]}") (at most 12)"
+    echo "- the checksums alone, getChecksum over the same folders: ${scans[10000.checksums]} and ${scans[100000.checksums]}, ratio $(ratio "${scans[100000.checksums]}" "${scans[10000.checksums]}")"
 } >"$results"
 cat "$results"

@@ -1,0 +1,25 @@
+// The real Windows shell with a system directory of the caller's own, for
+// scans of a prepared folder in tests and benchmarks.
+#pragma once
+
+#include <string>
+
+#include "platform/win32/win32_system.h"
+
+namespace tv::test {
+
+// The real Windows shell, but with a system directory of the test's own.
+struct OwnSystemShell final : Shell {
+    win32::Win32Shell real;
+    std::string system;
+    std::string systemDirectory(std::size_t) const override { return system; }
+    std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
+    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
+    std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
+    std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
+        return real.openFileDialog(o, t, f, n);
+    }
+    std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
+};
+
+}  // namespace tv::test
