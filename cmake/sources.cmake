@@ -1,5 +1,6 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
+  avshell/scanner_launch.cpp
   core/baseline_block.cpp
   core/baseline_text.cpp
   core/file_utils.cpp
@@ -28,10 +29,13 @@ set(TARVELON_CORE_SOURCES
   integrity/check_int_file.cpp
   integrity/compare_pass.cpp
   integrity/custom_baseline.cpp
+  integrity/findings_action.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
+  integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
+  logging/write_log.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/application.cpp

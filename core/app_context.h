@@ -10,6 +10,10 @@
 #include "core/section_blocks.h"
 #include "hash/read_buffer.h"
 
+namespace tv::ui {
+class Control;
+}
+
 namespace tv {
 
 inline constexpr std::int16_t kTrue = -1;  // flags are 16-bit, True is -1
@@ -51,6 +55,14 @@ struct AppContext {
 
     // The scan in progress, if any.
     ScanRunState scan;
+    // 1 once a list of files was logged during a secure shut-down.
+    std::int16_t scanLogged = 0;
+
+    // Check boxes of the main window that are read at the moment of use:
+    // Auto-Logging (Check7) and the scanners' focus (avfocus). Null until the
+    // main window exists.
+    const ui::Control* autoLogging = nullptr;
+    const ui::Control* scannerFocus = nullptr;
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;

@@ -1,6 +1,7 @@
-// The system's folders, the tree search and the two choice dialogs. Every call
-// gives empty text where the system gives nothing; the program's own rules on
-// top of these answers live with their callers.
+// The system's folders, short file names, the date and time in the user's
+// regional formats, the tree search and the two choice dialogs. Every call gives
+// empty text where the system gives nothing; the program's own rules on top of
+// these answers live with their callers.
 #pragma once
 
 #include <cstdint>
@@ -37,6 +38,19 @@ public:
 
     // The folder dialog, file-system folders only. The chosen folder, or empty text.
     virtual std::string browseForFolder(const std::string& title) = 0;
+
+    // A buffer of `charCount` blanks as the short (8.3) path call left it: the
+    // short name and a zero character in front of the remaining blanks, or all
+    // blanks when the call fails.
+    virtual std::string shortPathBuffer(const std::string& path, std::size_t charCount) const = 0;
+
+    // The present date in the user's short date format and the present time in
+    // the user's time format, as the system writes them.
+    struct DateTimeText {
+        std::string date;
+        std::string time;
+    };
+    virtual DateTimeText localDateTime() const = 0;
 };
 
 }  // namespace tv

@@ -7,6 +7,7 @@
 #include "hash/checksum.h"
 #include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
+#include "integrity/findings_action.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
 #include "ui/load_settings.h"
@@ -18,6 +19,8 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
     ctx_.os.renderer.attach(*mForm1_);
     mForm1_->onUnload = [this] { unloadMainForm(); };
     mForm1_->cButton9.onClick = [this] { unloadMainForm(); };
+    ctx_.autoLogging = &mForm1_->Check7;
+    ctx_.scannerFocus = &mForm1_->avfocus;
 }
 
 Application::~Application() = default;
@@ -34,6 +37,7 @@ ScanWindow& Application::scanWindow() {
     if (!intCheck_) {
         intCheck_ = std::make_unique<ScanWindow>();
         scanDriver_ = std::make_unique<ScanDriver>(ctx_, *intCheck_, *this);
+        findings_ = std::make_unique<FindingsAction>(ctx_, *intCheck_, *this, *scanDriver_);
         ctx_.os.renderer.attach(*intCheck_);
     }
     return *intCheck_;
@@ -58,9 +62,10 @@ void Application::startFirstCustomScan(const std::string& folder, const std::str
     scanDriver().firstCustomScan(folder, datFile, {combo.caption(), combo.value()});
 }
 
-// The action on the findings (scanners, report, new baselines) is not part of
-// the program yet: the findings stay on the screen for the user.
-void Application::pressResultAction() {}
+void Application::pressResultAction() {
+    scanWindow();
+    findings_->label12Click();
+}
 
 void Application::load() {
     fixPaths();

@@ -10,6 +10,7 @@
 
 namespace tv {
 class ScanDriver;
+class FindingsAction;
 }
 
 namespace tv::ui {
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;
+    std::unique_ptr<FindingsAction> findings_;
     bool ended_ = false;
 };
 

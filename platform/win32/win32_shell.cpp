@@ -82,4 +82,21 @@ std::string Win32Shell::browseForFolder(const std::string& title) {
     return pathOfItemList(items, 255);
 }
 
+std::string Win32Shell::shortPathBuffer(const std::string& path, std::size_t charCount) const {
+    std::string buffer(charCount, ' ');
+    const DWORD needed = ::GetShortPathNameA(path.c_str(), buffer.data(), static_cast<DWORD>(charCount));
+    // A name longer than the buffer leaves it as it was: all blanks.
+    if (needed == 0 || needed >= charCount) return std::string(charCount, ' ');
+    return buffer;
+}
+
+Shell::DateTimeText Win32Shell::localDateTime() const {
+    SYSTEMTIME now;
+    ::GetLocalTime(&now);
+    char date[128] = {}, time[128] = {};
+    ::GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &now, nullptr, date, sizeof date);
+    ::GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, sizeof time);
+    return {date, time};
+}
+
 }  // namespace tv::win32

@@ -27,6 +27,8 @@ public:
     std::string openFileDialog(NativeWindow owner, const std::string& title,
                                const std::string& filter, std::size_t bufferChars) override;
     std::string browseForFolder(const std::string& title) override;
+    std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
+    DateTimeText localDateTime() const override;
 };
 
 class Win32MessageBoxes final : public MessageBoxes {

@@ -148,6 +148,12 @@ std::string FixedShell::windowsDirectoryBuffer(std::size_t charCount) const {
     return buffer;
 }
 
+std::string FixedShell::shortPathBuffer(const std::string& path, std::size_t charCount) const {
+    std::string buffer(charCount, ' ');
+    if (path.size() + 1 < charCount) buffer.replace(0, path.size() + 1, path + '\0');
+    return buffer;
+}
+
 std::string FixedShell::specialFolder(int csidl, std::size_t) const {
     const auto found = special.find(csidl);
     return found == special.end() ? std::string() : found->second;

@@ -63,6 +63,10 @@ public:
         return {};
     }
     std::string browseForFolder(const std::string&) override { return {}; }
+    // Every path is its own short name.
+    std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
+    DateTimeText now{"3/5/2006", "3:04:07 PM"};
+    DateTimeText localDateTime() const override { return now; }
 };
 
 struct ShownBox {
@@ -82,9 +86,11 @@ public:
     std::string line = "\"C:\\Tarvelon\\TarvelonLow.exe\"";
     std::string path = "C:\\Tarvelon\\TarvelonLow.exe";
     std::vector<std::pair<std::string, int>> started;
+    bool refuse = false;  // nothing can be started
     std::string commandLine() const override { return line; }
     std::string modulePath() const override { return path; }
     bool start(const std::string& commandLine, int showStyle) override {
+        if (refuse) return false;
         started.emplace_back(commandLine, showStyle);
         return true;
     }
@@ -122,6 +128,7 @@ struct RecordingHost final : ScanHost {
     struct ProgramEnded {};
     bool endUnwinds = false;
     std::function<void()> start;
+    std::function<void()> action;  // the result action of the windows in the test
     std::function<void(const std::string&, const std::string&)> startFirstCustom;
     std::vector<std::string> captions;
     bool mainShown = true, ended = false;
@@ -133,7 +140,10 @@ struct RecordingHost final : ScanHost {
         ended = true;
         if (endUnwinds) throw ProgramEnded{};
     }
-    void pressResultAction() override { ++actions; }
+    void pressResultAction() override {
+        ++actions;
+        if (action) action();
+    }
     void afterShutDownScan() override {}
     void startFirstCustomScan(const std::string& folder, const std::string& datFile) override {
         startFirstCustom(folder, datFile);

@@ -20,6 +20,8 @@ struct OwnSystemShell final : Shell {
         return real.openFileDialog(o, t, f, n);
     }
     std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
+    std::string shortPathBuffer(const std::string& p, std::size_t n) const override { return real.shortPathBuffer(p, n); }
+    DateTimeText localDateTime() const override { return real.localDateTime(); }
 };
 
 }  // namespace tv::test

@@ -1,0 +1,38 @@
+#include "avshell/scanner_launch.h"
+
+#include "core/text.h"
+#include "platform/controls.h"
+
+namespace tv {
+namespace {
+
+constexpr std::size_t kShortPathBuffer = 1024;
+
+}  // namespace
+
+std::string toShortPath(const AppContext& ctx, const std::string& path) {
+    const std::string buffer = ctx.os.shell.shortPathBuffer(path, kShortPathBuffer);
+    // The call leaves the name, one zero character and the blanks behind it, so
+    // the first blank stands two places behind the name's end.
+    const std::size_t blank = inStr(1, buffer, " ");
+    if (blank < 2) return {};
+    return trimBlanks(leftText(buffer, blank - 2));
+}
+
+std::string batchItem(const AppContext& ctx, const std::string& name) {
+    const std::string file = ctx.shortPaths ? toShortPath(ctx, name) : name;
+    return ctx.quoteChar + file + ctx.quoteChar + " ";
+}
+
+bool runScanner(AppContext& ctx, const std::string& commandLine) {
+    const bool focus = ctx.scannerFocus && ctx.scannerFocus->value() == 1;
+    return ctx.os.processes.start(commandLine, focus ? show::NormalFocus : show::MinimizedFocus);
+}
+
+bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch) {
+    if (!runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + batch)) return false;
+    if (trimBlanks(scanners.exe2).empty()) return true;
+    return runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + batch);
+}
+
+}  // namespace tv

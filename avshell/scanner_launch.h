@@ -1,0 +1,35 @@
+// The user's command-line anti-virus programs, started with the files to look
+// at on their command line: "<exe> <args> <files>", the exe exactly as stored,
+// never through a command interpreter and never waited for.
+#pragma once
+
+#include <string>
+
+#include "core/app_context.h"
+
+namespace tv {
+
+// The short (8.3) form of a path; empty text when the system has none for it,
+// as for a file that does not exist.
+std::string toShortPath(const AppContext& ctx, const std::string& path);
+
+// One file of a batch: quoteChar + name + quoteChar + a blank, the name
+// shortened first when shortPaths is set.
+std::string batchItem(const AppContext& ctx, const std::string& name);
+
+// Starts one command line, its window normal with the focus when the main
+// window's avfocus box is 1, else minimised with the focus. False when it
+// could not be started.
+bool runScanner(AppContext& ctx, const std::string& commandLine);
+
+// The two scanners as a caller holds them; the second counts only when its
+// exe, trimmed, is not empty.
+struct ScannerPair {
+    std::string exe1, args1, exe2, args2;
+};
+
+// Hands one batch to the first scanner and then to the second. False at the
+// first scanner that could not be started.
+bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch);
+
+}  // namespace tv

@@ -1,0 +1,55 @@
+#include "logging/write_log.h"
+
+#include "core/text.h"
+#include "platform/controls.h"
+
+namespace tv {
+namespace {
+
+// Every "/" made "-", and each part but the last padded to two digits.
+std::string dateText(const std::string& regional) {
+    const auto parts = splitText(replaceText(regional, "/", "-"), "-");
+    std::string text;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const bool pad = i + 1 < parts.size() && parts[i].size() == 1;
+        text += (i > 0 ? "-" : "") + (pad ? "0" + parts[i] : parts[i]);
+    }
+    return text;
+}
+
+std::string timeText(const std::string& regional) {
+    return replaceText(replaceText(regional, ":", "_"), " ", "");
+}
+
+// The files as comma-separated fields: quotes and the blanks between names go.
+// A blank inside a path makes two fields as well.
+std::string fileFields(std::string rest) {
+    rest = replaceText(rest, "\" \"", ",");
+    rest = replaceText(rest, "\" \"", ",");
+    rest = replaceText(rest, "\"", "");
+    rest = replaceText(rest, ", ", ",");
+    return replaceText(rest, " ", ",");
+}
+
+}  // namespace
+
+std::string logFileName(const AppContext& ctx) {
+    const Shell::DateTimeText now = ctx.os.shell.localDateTime();
+    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + "(" + timeText(now.time) + ").log";
+}
+
+LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force) {
+    if (!force) {
+        if (trimBlanks(listText).empty() || inStr(1, listText, ".") == 0) return LogOutcome::Skipped;
+        if (ctx.shutAction != kNoShutdown) ctx.scanLogged = 1;  // also with logging off
+        if (!ctx.autoLogging || ctx.autoLogging->value() == 0) return LogOutcome::Skipped;
+    }
+    const std::string file = logFileName(ctx);
+    if (!ctx.os.files.append(file, "")) return LogOutcome::Failed;
+    const std::size_t comma = inStr(1, listText, ",");
+    const std::string heading = leftText(listText, comma);
+    listText = heading + fileFields(trimBlanks(midText(listText, comma + 1, listText.size())));
+    return ctx.os.files.writeAll(file, listText + "\r\n") ? LogOutcome::Written : LogOutcome::Failed;
+}
+
+}  // namespace tv

@@ -1,0 +1,28 @@
+// The report of a list of files that went to the scanners or were put aside
+// for want of one: a new file Data\Log\<date>(<time>).log of one line, the
+// heading and then the files, separated by commas.
+#pragma once
+
+#include <string>
+
+#include "core/app_context.h"
+
+namespace tv {
+
+enum class LogOutcome {
+    Skipped,  // the gate kept it back: nothing to log, or Auto-Logging off
+    Written,
+    Failed,   // the file could not be made
+};
+
+// `listText` is the heading up to its first comma, then the files in the item
+// forms of the scanners' command lines; it is changed in place. `force` writes
+// whatever the gate says.
+LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force = false);
+
+// "Data\Log\" + date + "(" + time + ").log" under the program's folder, from
+// the system's regional date and time texts: 3/5/2006 and 3:04:07 PM give
+// "03-05-2006(3_04_07PM).log".
+std::string logFileName(const AppContext& ctx);
+
+}  // namespace tv

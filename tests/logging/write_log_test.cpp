@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include "logging/write_log.h"
+#include "platform/controls.h"
+#include "tests/core/fakes.h"
+
+namespace tv {
+namespace {
+
+class WriteLog : public ::testing::Test {
+protected:
+    WriteLog() {
+        ctx.appPath = "C:\\T\\";
+        os.files.folders = {"C:\\T", "C:\\T\\DATA", "C:\\T\\DATA\\LOG"};
+        ctx.autoLogging = &check7;
+        check7.setValue(1);
+    }
+    const std::string* log() const { return os.files.content("C:\\T\\Data\\Log\\03-05-2006(3_04_07PM).log"); }
+
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    ui::Control check7{ui::Kind::FlatCheck, "Check7", nullptr, {}, "Auto-Logging"};
+};
+
+TEST_F(WriteLog, NameComesFromTheRegionalDateAndTime) {
+    EXPECT_EQ(logFileName(ctx), "C:\\T\\Data\\Log\\03-05-2006(3_04_07PM).log");
+    os.shell.now = {"12/31/2006", "11:59:59 PM"};
+    EXPECT_EQ(logFileName(ctx), "C:\\T\\Data\\Log\\12-31-2006(11_59_59PM).log");
+    os.shell.now = {"1/5/9", "1:05:09 AM"};  // the last part is never padded, nor the hour
+    EXPECT_EQ(logFileName(ctx), "C:\\T\\Data\\Log\\01-05-9(1_05_09AM).log");
+    os.shell.now = {"2006.03.05", "13:04:07"};  // neither "/" nor "-": one part, as it is
+    EXPECT_EQ(logFileName(ctx), "C:\\T\\Data\\Log\\2006.03.05(13_04_07).log");
+}
+
+TEST_F(WriteLog, OneLineOfCommaSeparatedFilesWithOrWithoutQuotes) {
+    for (const std::string files : {"\"C:\\A.DLL\" \"C:\\B.DLL\" ", "C:\\A.DLL C:\\B.DLL "}) {
+        std::string list = "Heading," + files;
+        ASSERT_EQ(writeLog(ctx, list), LogOutcome::Written);
+        EXPECT_EQ(*log(), "Heading,C:\\A.DLL,C:\\B.DLL\r\n");
+        EXPECT_EQ(list, "Heading,C:\\A.DLL,C:\\B.DLL");  // the caller's text is changed
+    }
+    std::string blanks = "Heading,\"C:\\Program Files\\X.DLL\" ";
+    writeLog(ctx, blanks);
+    EXPECT_EQ(*log(), "Heading,C:\\Program,Files\\X.DLL\r\n");
+}
+
+TEST_F(WriteLog, GateKeepsBackListsWithoutFilesAndHonoursAutoLogging) {
+    for (std::string list : {std::string("   "), std::string("Heading,no files here")})
+        EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    check7.setValue(0);
+    std::string list = "Heading,C:\\A.DLL ";
+    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    EXPECT_EQ(ctx.scanLogged, 0);
+    ctx.shutAction = 1;  // a secure shut-down learns of the files even with logging off
+    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    EXPECT_EQ(ctx.scanLogged, 1);
+    EXPECT_EQ(log(), nullptr);
+    std::string empty = "Heading,";
+    EXPECT_EQ(writeLog(ctx, empty, true), LogOutcome::Written);  // forced: the heading alone
+    EXPECT_EQ(*log(), "Heading,\r\n");
+}
+
+TEST_F(WriteLog, MissingLogFolderIsAFailureForTheCaller) {
+    os.files.folders.erase("C:\\T\\DATA\\LOG");
+    std::string list = "Heading,C:\\A.DLL ";
+    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Failed);
+}
+
+}  // namespace
+}  // namespace tv

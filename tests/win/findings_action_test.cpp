@@ -1,0 +1,152 @@
+// The action on a scan's findings over the real platform: the command lines the
+// scanners get (recorded, not started), the report in Data\Log and the new
+// baselines with their backups.
+#include <regex>
+
+#include "integrity/data_file.h"
+#include "integrity/findings_action.h"
+#include "tests/win/scan_fixture.h"
+
+namespace tv::test {
+namespace {
+
+class FindingsActionTest : public ScanDriverTest {
+protected:
+    FindingsActionTest() {
+        files.makeFolder(path("Data\\Log"));
+        files.makeFolder(path("av"));
+        files.makeFolder(path("tools"));
+        writeFile("av\\scan.exe", "MZ");
+        ctx.autoLogging = &autoLogging;
+        autoLogging.setValue(1);
+        ctx.quoteChar = "\"";
+        ctx.passCount = 2;
+        host.action = [this] { action.label12Click(); };
+    }
+
+    // A log-on run that finds a.dll changed, b.exe and c.dll new in the system
+    // directory, t.dll new and u.exe changed in custom folder 3.
+    void logOnRunWithFiveFindings() {
+        for (const char* name : {"a.dll", "b.exe", "c.dll"}) systemFile(name, name);
+        writeFile("tools\\t.dll", "t");
+        writeFile("tools\\u.exe", "u");
+        writeEntry(ctx, ctx.settFile, "settings", "1,1,1,1,1,1,1,0", "Tarvelon");
+        writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "3");
+        writeEntry(ctx, ctx.settFile, "args", "1,0,0,0,1,0,1", "3");
+        oldSystem = "[DLL]\r\na.dll=0*E\r\nNULL*E\r\n[EXE]\r\nNULL*E\r\n";
+        oldCustom = "[DLL]\r\nNULL*E\r\n[EXE]\r\nu.exe=0*E\r\nNULL*E\r\n";
+        writeFile("Data\\Integrity.dat", oldSystem);
+        writeFile("Data\\3.dat", oldCustom);
+        loadIntFile(ctx, ctx.intFile);
+        ctx.cmdLine = "/r";
+        ctx.autoLoadRun = true;
+        driver.loadUp();
+        runTimer();
+    }
+    std::vector<std::string> logs() {
+        std::vector<std::string> names;
+        for (auto name = files.firstName(path("Data\\Log\\")); !name.empty(); name = files.nextName())
+            if (name != "." && name != "..") names.push_back(name);
+        return names;
+    }
+    std::string quoted(const std::string& relative) { return "\"" + path(relative) + "\" "; }
+
+    ui::Control autoLogging{ui::Kind::FlatCheck, "Check7", nullptr, {}, "Auto-Logging"};
+    FindingsAction action{ctx, window, host, driver};
+    std::string oldSystem, oldCustom;
+};
+
+TEST_F(FindingsActionTest, LogOnRunPassesBatchesToBothScannersLogsAndTakesTheNewValues) {
+    writeEntry(ctx, ctx.settFile, "antivirus", path("av\\scan.exe") + "| ", "Tarvelon");
+    window.textav1.setCaption(path("av\\two.exe"));  // the second scanner as the window's load read it
+    window.textav2.setCaption("-x");
+    logOnRunWithFiveFindings();
+
+    const std::vector<std::string> batches{quoted("sys\\a.dll") + quoted("sys\\c.dll"),
+                                           quoted("sys\\b.exe") + quoted("tools\\t.dll"),
+                                           quoted("tools\\u.exe")};
+    ASSERT_EQ(processes.started.size(), 6u);
+    for (std::size_t n = 0; n < batches.size(); ++n) {
+        EXPECT_EQ(processes.started[2 * n].first, path("av\\scan.exe") + "  " + batches[n]);  // args trim to nothing
+        EXPECT_EQ(processes.started[2 * n + 1].first, path("av\\two.exe") + " -x " + batches[n]);
+        EXPECT_EQ(processes.started[2 * n].second, show::MinimizedFocus);
+    }
+
+    const auto names = logs();
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_TRUE(std::regex_match(names[0], std::regex(R"(\d\d-\d\d-\d{4}\(\d{1,2}_\d\d_\d\d(AM|PM)?\)\.log)")))
+        << names[0];
+    EXPECT_EQ(readFile("Data\\Log\\" + names[0]),
+              "Integrity Checker - These files were either New or Failed the Integrity Check," + path("sys\\a.dll") +
+                  "," + path("sys\\c.dll") + "," + path("sys\\b.exe") + "," + path("tools\\t.dll") + "," +
+                  path("tools\\u.exe") + "\r\n");
+
+    EXPECT_EQ(readFile("Data\\integrity.bak"), oldSystem);
+    EXPECT_EQ(readFile("Data\\3.bak"), oldCustom);
+    for (const char* name : {"a.dll", "c.dll"}) EXPECT_EQ(readIni(ctx, ctx.intFile, name, "DLL"), crcOf(name) + "*E");
+    EXPECT_EQ(readIni(ctx, ctx.intFile, "b.exe", "EXE"), crcOf("b.exe") + "*E");
+    const std::string custom = path("Data\\3.dat");
+    EXPECT_EQ(readIni(ctx, custom, "t.dll", "DLL"), hash::getChecksum(ctx, path("tools\\t.dll")) + "*E");
+    EXPECT_EQ(readIni(ctx, custom, "u.exe", "EXE"), hash::getChecksum(ctx, path("tools\\u.exe")) + "*E");
+    // The custom files behind a system file also reach the system baseline, with its value.
+    EXPECT_EQ(readIni(ctx, ctx.intFile, "u.exe", "EXE"), crcOf("b.exe") + "*E");
+    EXPECT_TRUE(host.ended);
+}
+
+TEST_F(FindingsActionTest, WithoutAScannerTheFirstBatchIsLoggedAndEverythingUpdated) {
+    boxes.answers = {box::Ok};
+    logOnRunWithFiveFindings();
+    EXPECT_EQ(boxes.shown[0].prompt,
+              "You do not have any Anti-Virus program setup with Tarvelon.  For your conveniance, these files will be "
+              "added to the log, and will be updated in your Integrity File (so that you can scan them for viruses "
+              "later).");
+    EXPECT_TRUE(processes.started.empty());
+    autoLogging.setValue(0);  // forced: written whatever Auto-Logging says
+    const auto names = logs();
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_EQ(readFile("Data\\Log\\" + names[0]),
+              "Integrity Checker - These files were logged because you didn't setup an Anti-Virus Scanner," +
+                  path("sys\\a.dll") + "," + path("sys\\c.dll") + "\r\n");
+    EXPECT_EQ(readIni(ctx, path("Data\\3.dat"), "t.dll", "DLL"), hash::getChecksum(ctx, path("tools\\t.dll")) + "*E");
+    EXPECT_EQ(readIni(ctx, ctx.intFile, "a.dll", "DLL"), crcOf("a.dll") + "*E");
+}
+
+TEST_F(FindingsActionTest, ScannerThatCannotStartLeavesReportAndBaselinesAlone) {
+    writeEntry(ctx, ctx.settFile, "antivirus", path("av\\scan.exe") + "|", "Tarvelon");
+    processes.refuse = true;
+    boxes.answers = {box::Ok};
+    logOnRunWithFiveFindings();
+    EXPECT_EQ(boxes.shown[0].prompt, "Your Anti-Virus program could not be executed!!!\rPlease verify the path of "
+                                     "the software:\r" + path("av\\scan.exe"));
+    EXPECT_TRUE(logs().empty());
+    EXPECT_EQ(readFile("Data\\Integrity.dat"), oldSystem);
+    EXPECT_EQ(readFile("Data\\3.dat"), oldCustom);
+    EXPECT_EQ(window.List1.items().size(), 5u);
+    EXPECT_FALSE(host.ended);
+}
+
+TEST_F(FindingsActionTest, FirstScanOfACustomFolderBecomesItsBaselineWithoutScannerOrReport) {
+    writeFile("tools\\t.dll", "t");
+    writeFile("tools\\v w.exe", "v");  // a blank in the name
+    writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "5");
+    writeFile("Data\\Integrity.dat", "");
+    loadIntFile(ctx, ctx.intFile);
+    host.startFirstCustom = [this](const std::string& folder, const std::string& datFile) {
+        driver.firstCustomScan(folder, datFile, {path("tools\\"), 5});
+    };
+    boxes.answers = {box::Yes, box::Ok};
+    loadCustomDat(ctx, host, path("Data\\5.dat"));
+    runTimer();
+    EXPECT_EQ(boxes.shown[1].prompt, "Initial Custom Folder Scan Completed Successfully!");
+    EXPECT_FALSE(window.visible());
+    EXPECT_FALSE(ctx.scan.customFirstScan);
+    EXPECT_TRUE(window.List1.items().empty());
+    EXPECT_TRUE(processes.started.empty());
+    EXPECT_TRUE(logs().empty());
+    EXPECT_EQ(readIni(ctx, path("Data\\5.dat"), "t.dll", "DLL"), hash::getChecksum(ctx, path("tools\\t.dll")) + "*E");
+    EXPECT_EQ(readIni(ctx, path("Data\\5.dat"), "v w.exe", "EXE"),
+              hash::getChecksum(ctx, path("tools\\v w.exe")) + "*E");
+}
+
+}  // namespace
+}  // namespace tv::test
