@@ -1,0 +1,51 @@
+// Scanners are real processes started from one command line, with no command
+// interpreter between: the fake scanner records what it received.
+#include "avshell/scanner_launch.h"
+#include "platform/controls.h"
+#include "tests/win/win_fixture.h"
+
+namespace tv::test {
+namespace {
+
+class ScannerLaunch : public WinTest {
+protected:
+    win32::Win32Processes real;
+    AppContext ctx{{files, profiles, shell, boxes, real, loop, renderer}};
+};
+
+// The build puts the fake scanner in tools\, beside the tests' tests\.
+std::string fakeScanner() {
+    char self[MAX_PATH] = {};
+    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
+    std::string path(self);
+    path.erase(path.find_last_of('\\'));
+    return path.substr(0, path.find_last_of('\\')) + "\\tools\\fakescan.exe";
+}
+
+TEST_F(ScannerLaunch, CommandLineReachesTheScannerUnchanged) {
+    const std::string fakescan = fakeScanner();
+    ASSERT_TRUE(files.canRead(fakescan)) << fakescan;
+    const std::string log = path("scans.log");
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", log.c_str());
+    const ScannerPair scanners{fakescan, "/a", " ", "ignored"};  // a blank second exe counts as none
+    const std::string batch = "\"C:\\x|y&z^w%PATH%.dll\" C:\\plain.dll ";
+    ASSERT_TRUE(startScanners(ctx, scanners, batch));
+    const DWORD start = ::GetTickCount();
+    while (!files.length(log).value_or(0) && ::GetTickCount() - start < 20000) ::Sleep(20);
+    EXPECT_EQ(readFile("scans.log"), fakescan + " /a " + batch + "\r\n");
+    EXPECT_FALSE(runScanner(ctx, path("missing.exe") + " x"));
+}
+
+TEST_F(ScannerLaunch, ShortNamesOfFilesThatExistAndNothingForOthers) {
+    writeFile("A Long File Name.dll", "x");
+    const std::string shortName = toShortPath(ctx, path("A Long File Name.dll"));
+    EXPECT_EQ(shortName.find(' '), std::string::npos) << shortName;
+    EXPECT_TRUE(files.canRead(shortName)) << shortName;
+    EXPECT_EQ(toShortPath(ctx, path("absent.dll")), "");
+    ctx.shortPaths = true;
+    ctx.quoteChar = "\"";
+    EXPECT_EQ(batchItem(ctx, path("absent.dll")), "\"\" ");  // a vanished file still makes an item
+}
+
+}  // namespace
+}  // namespace tv::test
