@@ -1,17 +1,25 @@
-// Times a log-on scan (/r) as the program runs it: the scan window on the real
-// Win32 platform over a system directory of the benchmark's own, whose baseline
-// holds every file, so the run is clean. The window is shown, minimised or
-// hidden. Prints the median time of the repetitions, from the plan to the end
-// of the passes.
+// Times scans as the program runs them, on the real scan window over the Win32
+// platform. Prints the median time of the repetitions.
 //
-//   scan_bench <shown|minimised|hidden> <repetitions> <program folder\> <system folder\>
+//   scan_bench logon <shown|minimised|hidden> <repetitions> <program\> <system\>
+//     A log-on run (/r) over a system directory of the benchmark's own whose
+//     baseline holds every file, so the run is clean: from the plan to the end
+//     of the passes.
+//   scan_bench first-custom <repetitions> <program\> <folder\>
+//     The first scan of a custom folder without a data file, every file new:
+//     from the choice of the folder over the blank data file, the scan and the
+//     update of every file to the saved baseline.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "core/settings_store.h"
+#include "hash/checksum.h"
 #include "integrity/data_file.h"
+#include "integrity/findings_action.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
 #include "platform/win32/win32_platform.h"
@@ -20,16 +28,27 @@
 
 namespace {
 
+// The user's answers: yes to every question, OK to every message.
+struct AnsweringBoxes final : tv::MessageBoxes {
+    int show(const std::string&, const std::string&, unsigned style) override {
+        return (style & 0xF) == tv::box::YesNo ? tv::box::Yes : tv::box::Ok;
+    }
+};
+
 // A log-on run ends the program when it is clean; here it only says so.
 struct BenchHost final : tv::ScanHost {
     bool ended = false;
+    std::function<void()> action;
+    std::function<void(const std::string&, const std::string&)> firstScan;
     void setMainCaption(const std::string&) override {}
     void showMainWindow(bool) override {}
     void startScanWindow() override {}
     void endProgram() override { ended = true; }
-    void pressResultAction() override {}
+    void pressResultAction() override { action(); }
     void afterShutDownScan() override {}
-    void startFirstCustomScan(const std::string&, const std::string&) override {}
+    void startFirstCustomScan(const std::string& folder, const std::string& datFile) override {
+        firstScan(folder, datFile);
+    }
 };
 
 double seconds(LARGE_INTEGER from, LARGE_INTEGER to) {
@@ -38,53 +57,87 @@ double seconds(LARGE_INTEGER from, LARGE_INTEGER to) {
     return static_cast<double>(to.QuadPart - from.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
+double timed(const std::function<void()>& run) {
+    LARGE_INTEGER start, end;
+    ::QueryPerformanceCounter(&start);
+    run();
+    ::QueryPerformanceCounter(&end);
+    return seconds(start, end);
+}
+
+int usage() {
+    std::fprintf(stderr, "usage: scan_bench logon <shown|minimised|hidden> <repetitions> <program\\> <system\\>\n"
+                         "       scan_bench first-custom <repetitions> <program\\> <folder\\>\n");
+    return 2;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 5) {
-        std::fprintf(stderr, "usage: scan_bench <shown|minimised|hidden> <repetitions> <program\\> <system\\>\n");
-        return 2;
-    }
-    const std::string display = argv[1];
-    const int repetitions = std::max(1, std::atoi(argv[2]));
+    const std::vector<std::string> args(argv + 1, argv + argc);
+    const bool logOn = args.size() == 5 && args[0] == "logon";
+    const bool firstCustom = args.size() == 4 && args[0] == "first-custom";
+    if (!logOn && !firstCustom) return usage();
+    const std::string display = logOn ? args[1] : "shown";
+    const int repetitions = std::max(1, std::atoi(args[logOn ? 2 : 1].c_str()));
+    const std::string program = args[logOn ? 3 : 2], folder = args[logOn ? 4 : 3];
 
     tv::win32::Win32System system;
     tv::test::OwnSystemShell shell;
-    shell.system = argv[4];
-    tv::win32::Win32Renderer win32Renderer(::GetModuleHandleA(nullptr));
-    tv::ui::HeadlessRenderer headless;
-    tv::ui::Renderer& renderer = display == "headless" ? static_cast<tv::ui::Renderer&>(headless) : win32Renderer;
-    tv::AppContext ctx({system.files, system.profiles, shell, system.boxes, system.processes, system.loop, renderer});
-    ctx.appPath = argv[3];
+    shell.system = logOn ? folder : program;
+    AnsweringBoxes boxes;
+    tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
+    tv::AppContext ctx({system.files, system.profiles, shell, boxes, system.processes, system.loop, renderer});
+    ctx.appPath = program;
     ctx.settFile = ctx.appPath + "Data\\Tarvelon.dat";
     ctx.intFile = ctx.appPath + "Data\\Integrity.dat";
     ctx.algoName = "crc32";
     ctx.readBuffer = 65536;
-    ctx.cmdLine = "/r";
-    ctx.autoLoadRun = true;
 
     tv::ui::ScanWindow window;
     renderer.attach(window);
     BenchHost host;
     tv::ScanDriver driver(ctx, window, host);
+    tv::FindingsAction findings(ctx, window, host, driver);
+    host.action = [&] { findings.label12Click(); };
+    host.firstScan = [&](const std::string& chosen, const std::string& datFile) {
+        driver.firstCustomScan(chosen, datFile, {chosen, 1});
+    };
     window.setVisible(display != "hidden");
     window.setMinimised(display == "minimised");
+    const std::string datFile = tv::hash::getCustomDat(ctx, 1);
+    if (logOn) {
+        ctx.cmdLine = "/r";
+        ctx.autoLoadRun = true;
+    } else {
+        tv::writeEntry(ctx, ctx.settFile, "path", folder, "1");
+    }
 
     std::vector<double> times;
     for (int r = 0; r < repetitions; ++r) {
         tv::loadIntFile(ctx, ctx.intFile);
         host.ended = false;
-        LARGE_INTEGER start, end;
-        ::QueryPerformanceCounter(&start);
-        driver.loadUp();
-        window.Timer1.userTick();
-        ::QueryPerformanceCounter(&end);
-        if (!host.ended) {
+        if (logOn) {
+            times.push_back(timed([&] {
+                driver.loadUp();
+                if (window.Timer1.enabled()) window.Timer1.userTick();
+            }));
+            if (host.ended) continue;
             std::fprintf(stderr, "scan_bench: the run was not clean (%s new, %s failed)\n",
                          window.Label8.caption().c_str(), window.Label9.caption().c_str());
             return 1;
         }
-        times.push_back(seconds(start, end));
+        system.files.remove(datFile);
+        system.files.remove(tv::backupName(datFile));  // else the load offers it back
+        times.push_back(timed([&] {
+            tv::loadCustomDat(ctx, host, datFile);
+            // The scan's tick may already have come in a pump of the load.
+            if (window.Timer1.enabled()) window.Timer1.userTick();
+        }));
+        if (ctx.scan.customFirstScan || !window.List1.items().empty()) {
+            std::fprintf(stderr, "scan_bench: the first scan did not reach its baseline\n");
+            return 1;
+        }
     }
     std::sort(times.begin(), times.end());
     std::printf("median=%.6f min=%.6f files=%s\n", times[times.size() / 2], times.front(),
