@@ -35,4 +35,39 @@ bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::stri
     return runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + batch);
 }
 
+void walkInBatches(const AppContext& ctx, std::size_t first, std::size_t last,
+                   const std::function<std::string(std::size_t)>& entryAt,
+                   const std::function<bool(const std::string&)>& flush) {
+    std::string batch;
+    std::int32_t turns = 0;
+    for (std::size_t index = first; index <= last; ++index) {
+        ++turns;
+        const std::string entry = entryAt(index);
+        if (!entry.empty()) batch += batchItem(ctx, entry);
+        if (index < last && turns < ctx.passCount) continue;
+        if (!flush(batch)) return;
+        batch.clear();
+        turns = 0;
+    }
+}
+
+std::string singleRunItem(const AppContext& ctx, const std::string& name) {
+    std::string file = replaceText(name, "\"", "");
+    if (ctx.shortPaths) file = toShortPath(ctx, file);
+    return file.empty() ? " " : " " + ctx.quoteChar + file + ctx.quoteChar;
+}
+
+std::string singleFileItem(const AppContext& ctx, const std::string& name) {
+    if (name.find('"') != std::string::npos) return name;
+    const std::string file = ctx.shortPaths ? toShortPath(ctx, name) : name;
+    return ctx.quoteChar + file + ctx.quoteChar;
+}
+
+std::string scannerTestCommand(const AppContext& ctx, const std::string& exeField) {
+    const auto file = [&ctx](const std::string& path) {
+        return ctx.quoteChar + (ctx.shortPaths ? toShortPath(ctx, path) : path) + ctx.quoteChar;
+    };
+    return exeField + " " + file(ctx.settFile) + " " + file(ctx.intFile);
+}
+
 }  // namespace tv

@@ -3,6 +3,8 @@
 // never through a command interpreter and never waited for.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 
 #include "core/app_context.h"
@@ -31,5 +33,26 @@ struct ScannerPair {
 // Hands one batch to the first scanner and then to the second. False at the
 // first scanner that could not be started.
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch);
+
+// The batching walk over a list from index `first` to `last`: every turn counts,
+// also for an empty entry; a non-empty entry joins the batch as a batchItem;
+// when the index reaches `last` or the turns reach passCount the batch goes to
+// `flush` (empty or not), which says whether the walk goes on.
+void walkInBatches(const AppContext& ctx, std::size_t first, std::size_t last,
+                   const std::function<std::string(std::size_t)>& entryAt,
+                   const std::function<bool(const std::string&)>& flush);
+
+// The item of a one-run list (scanning registry entries and boot operations):
+// a blank, then the name without any double quote, shortened when shortPaths
+// is set and quoted with quoteChar unless it came out empty.
+std::string singleRunItem(const AppContext& ctx, const std::string& name);
+
+// The one file of "Scan File for Viruses": quoted unless the name holds a
+// double quote, in which case it goes in as it is, not shortened either.
+std::string singleFileItem(const AppContext& ctx, const std::string& name);
+
+// The scanner test's command line: the program field and the settings and
+// integrity data files, without the scanner's arguments.
+std::string scannerTestCommand(const AppContext& ctx, const std::string& exeField);
 
 }  // namespace tv

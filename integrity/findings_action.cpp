@@ -46,27 +46,22 @@ void FindingsAction::showScannerFailure() {
                        kAppTitle, box::OkOnly);
 }
 
-// Walks List1 from its first index to one past its last, cutting batches of
-// passCount turns; each batch goes to both scanners before the next is cut.
+// Walks List1 from its first index to one past its last, so that the last turn
+// only flushes; each batch goes to both scanners before the next is cut.
 // Without a scanner the walk stops at the first batch, which alone is logged.
 FindingsAction::Handed FindingsAction::handToScanners(bool noScanner, std::string& all) {
-    const std::size_t count = window_.List1.items().size();
-    std::string batch;
-    std::int32_t turn = 0;
-    for (std::size_t index = 0; index <= count; ++index) {
-        ++turn;
-        const std::string item = withoutNewMark(itemAt(window_.List1, index));
-        if (!item.empty()) batch += batchItem(ctx_, item);
-        if (index < count && turn < ctx_.passCount) continue;
-        all += batch;
-        if (noScanner) return Handed::FirstBatchOnly;
-        const ScannerPair scanners{window_.Text1.caption(), window_.Text2.caption(), window_.textav1.caption(),
-                                   window_.textav2.caption()};
-        if (!batch.empty() && !startScanners(ctx_, scanners, batch)) return Handed::ScannerFailed;
-        batch.clear();
-        turn = 0;
-    }
-    return Handed::AllBatches;
+    const ScannerPair scanners{window_.Text1.caption(), window_.Text2.caption(), window_.textav1.caption(),
+                               window_.textav2.caption()};
+    Handed handed = Handed::AllBatches;
+    walkInBatches(ctx_, 0, window_.List1.items().size(),
+                  [this](std::size_t index) { return withoutNewMark(itemAt(window_.List1, index)); },
+                  [&](const std::string& batch) {
+                      all += batch;
+                      if (noScanner) handed = Handed::FirstBatchOnly;
+                      else if (!batch.empty() && !startScanners(ctx_, scanners, batch)) handed = Handed::ScannerFailed;
+                      return handed == Handed::AllBatches;
+                  });
+    return handed;
 }
 
 void FindingsAction::label12Click() {
