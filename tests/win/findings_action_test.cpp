@@ -125,6 +125,24 @@ TEST_F(FindingsActionTest, ScannerThatCannotStartLeavesReportAndBaselinesAlone) 
     EXPECT_FALSE(host.ended);
 }
 
+TEST_F(FindingsActionTest, LockedDataFileKeepsItsBaselineAndTheBackupStaysUsable) {
+    // Another program reads the data file and shares it for reading only: the copy to the backup
+    // still works, the rewrite fails quietly, and the custom folder's file is updated as usual.
+    writeEntry(ctx, ctx.settFile, "antivirus", path("av\\scan.exe") + "|", "Tarvelon");
+    HANDLE reader = INVALID_HANDLE_VALUE;
+    host.action = [this, &reader] {
+        reader = ::CreateFileA(ctx.intFile.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                               FILE_ATTRIBUTE_NORMAL, nullptr);
+        ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+        action.label12Click();
+    };
+    logOnRunWithFiveFindings();
+    ::CloseHandle(reader);
+    EXPECT_EQ(readFile("Data\\Integrity.dat"), oldSystem);
+    EXPECT_EQ(readFile("Data\\integrity.bak"), oldSystem);
+    EXPECT_EQ(readIni(ctx, path("Data\\3.dat"), "t.dll", "DLL"), hash::getChecksum(ctx, path("tools\\t.dll")) + "*E");
+}
+
 TEST_F(FindingsActionTest, FirstScanOfACustomFolderBecomesItsBaselineWithoutScannerOrReport) {
     writeFile("tools\\t.dll", "t");
     writeFile("tools\\v w.exe", "v");  // a blank in the name

@@ -94,6 +94,41 @@ TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
     EXPECT_TRUE(host.ended);
 }
 
+TEST_F(ScanDriverTest, FilesComingAndGoingAfterThePlanMoveOnlyThePercentages) {
+    systemFile("a.dll", "a");
+    systemFile("b.dll", "b");
+    writeFile("Data\\Integrity.dat", "");
+    loadIntFile(ctx, ctx.intFile);
+    ctx.scan.pageScan = ctx.scan.noAutoAction = true;
+    ctx.scan.wanted = {true, false, false, false, false, false};
+    driver.loadUp();
+    EXPECT_EQ(window.pb2max.caption(), "2");
+    files.remove(path("sys\\b.dll"));
+    systemFile("c.dll", "c");
+    systemFile("d.dll", "d");
+    runTimer();
+    EXPECT_EQ(window.Label6.caption(), "3");
+    EXPECT_EQ(window.caption(), "150% AutoCheck");  // more files than planned
+    EXPECT_EQ(window.percentLabels[kPassDll]->caption(), "100%");
+    EXPECT_EQ(window.List1.items().size(), 3u);
+}
+
+TEST_F(ScanDriverTest, MissingCustomFolderJoinsWithAnEmptyTurn) {
+    systemFile("a.dll", "a");
+    writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
+    writeEntry(ctx, ctx.settFile, "path", path("gone\\"), "1");
+    writeEntry(ctx, ctx.settFile, "args", "1,1,1,1,1,1,1", "1");
+    writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
+    loadIntFile(ctx, ctx.intFile);
+    ctx.cmdLine = "/r";
+    ctx.autoLoadRun = true;
+    driver.loadUp();
+    runTimer();
+    EXPECT_EQ(window.l_cust2.caption(), "Custom Folder 1/1");
+    EXPECT_EQ(window.Label6.caption(), "1");
+    EXPECT_TRUE(host.ended);  // nothing found in the folder that is not there
+}
+
 TEST_F(ScanDriverTest, ScheduledRunCountsEveryTypeButScansTheSavedOnes) {
     systemFile("a.dll", "a");
     systemFile("b.exe", "b");
