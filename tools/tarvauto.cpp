@@ -13,6 +13,7 @@
 //   tarvauto wait-caption <title> <name> <text>  wait until that caption reads <text>
 //   tarvauto click <title> <name>            press the control named <name>
 //   tarvauto items <title> <name>            the items of a list, one per line
+//   tarvauto restore <title>                 bring a minimised window back to its normal size
 //
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
@@ -251,6 +252,12 @@ int run(int argc, char** argv) {
         HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
+    }
+    if (command == "restore") {
+        HWND window = waitTopLevel(arg(1));
+        if (!window) return fail();
+        ::ShowWindow(window, SW_RESTORE);
+        return 0;
     }
     if (command == "items") {
         const std::string name = arg(2);
