@@ -5,7 +5,7 @@ namespace tv::ui {
 Control::Control(Kind kind, std::string name, Control* parent, Bounds bounds, std::string caption)
     : kind_(kind), name_(std::move(name)), parent_(parent), bounds_(bounds),
       caption_(std::move(caption)) {
-    if (kind_ == Kind::ListBox || kind_ == Kind::ComboBox) value_ = -1;
+    if (kind_ == Kind::ListBox || kind_ == Kind::CheckList || kind_ == Kind::ComboBox) value_ = -1;
 }
 
 void Control::changed(Prop what) {
@@ -52,15 +52,47 @@ void Control::setLook(std::uint32_t foreColour, bool underlined) {
     changed(Prop::Colour);
 }
 
+void Control::setBackColour(std::uint32_t colour) {
+    if (colour == backColour_) return;
+    backColour_ = colour;
+    changed(Prop::Colour);
+}
+
 void Control::addItem(std::string item) {
     items_.push_back(std::move(item));
+    ticks_.resize(items_.size());
     changed(Prop::ItemAdded);
+}
+
+void Control::setItem(std::size_t index, std::string item) {
+    if (index >= items_.size() || items_[index] == item) return;
+    items_[index] = std::move(item);
+    changed(Prop::Items);
 }
 
 void Control::clearItems() {
     items_.clear();
+    ticks_.clear();
     value_ = -1;
     changed(Prop::Items);
+}
+
+std::string Control::selectedText() const {
+    return value_ >= 0 && static_cast<std::size_t>(value_) < items_.size() ? items_[static_cast<std::size_t>(value_)]
+                                                                          : std::string();
+}
+
+void Control::setTicked(std::size_t item, bool ticked) {
+    if (item >= ticks_.size() || ticks_[item] == ticked) return;
+    ticks_[item] = ticked;
+    changed(Prop::Ticks);
+}
+
+void Control::userTickItem(std::size_t item, bool ticked) {
+    if (!enabled_ || item >= items_.size()) return;
+    setValue(static_cast<int>(item));
+    setTicked(item, ticked);
+    if (onClick) onClick();
 }
 
 void Control::userClick() {
@@ -71,7 +103,7 @@ void Control::userSetValue(int value) {
     if (!enabled_) return;
     setValue(value);
     if (onChange) onChange();
-    if (onClick && kind_ != Kind::ListBox && kind_ != Kind::ComboBox) onClick();
+    if (onClick && kind_ != Kind::ListBox && kind_ != Kind::CheckList && kind_ != Kind::ComboBox) onClick();
 }
 
 void Control::userEditText(std::string text) {

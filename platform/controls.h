@@ -16,12 +16,14 @@ namespace tv::ui {
 
 enum class Kind {
     Label, FlatButton, FlatCheck, CheckBox, OptionButton, TextBox, ListBox,
+    CheckList,  // a list whose items each carry a tick
     ComboBox, ProgressBar, Frame, Image, Timer
 };
 
 // What changed, for the renderer.
-// ItemAdded: one item was appended (the last); Items: the list was replaced.
-enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Bounds, Interval };
+// ItemAdded: one item was appended (the last); Items: the list was replaced;
+// Ticks: the ticks of a check list changed.
+enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Ticks, Bounds, Interval };
 
 struct Bounds {
     int left = 0, top = 0, width = 0, height = 0;  // pixels at 96 DPI, inside the parent
@@ -30,6 +32,7 @@ struct Bounds {
 inline constexpr std::uint32_t kBlack = 0x000000;
 inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 inline constexpr std::uint32_t kBlue = 0xFF0000;  // 0xBBGGRR
+inline constexpr std::uint32_t kSystemColour = 0xFFFFFFFF;  // the system's own background
 
 class Control;
 using ChangeSink = std::function<void(Control&, Prop)>;
@@ -66,17 +69,27 @@ public:
     std::uint32_t foreColour() const { return foreColour_; }
     bool underlined() const { return underlined_; }
     void setLook(std::uint32_t foreColour, bool underlined = false);
+    std::uint32_t backColour() const { return backColour_; }
+    void setBackColour(std::uint32_t colour);
 
     // List and combo items.
     const std::vector<std::string>& items() const { return items_; }
     void addItem(std::string item);
+    void setItem(std::size_t index, std::string item);  // nothing when there is no such item
     void clearItems();
+    // The text of the chosen item; empty when none is chosen.
+    std::string selectedText() const;
+
+    // The ticks of a check list's items.
+    bool ticked(std::size_t item) const { return item < ticks_.size() && ticks_[item]; }
+    void setTicked(std::size_t item, bool ticked);
 
     // What the user does.
     void userClick();
     void userSetValue(int value);  // a box ticked, an option chosen, an item picked
     void userEditText(std::string text);
     void userTick();               // a timer's interval has passed
+    void userTickItem(std::size_t item, bool ticked);  // a check list's box clicked
 
     std::function<void()> onClick;
     std::function<void()> onChange;  // a user edit of text or selection
@@ -97,8 +110,10 @@ private:
     int value_ = 0;
     int tabIndex_ = 0;
     std::uint32_t foreColour_ = kBlack;
+    std::uint32_t backColour_ = kSystemColour;
     bool underlined_ = false;
     std::vector<std::string> items_;
+    std::vector<bool> ticks_;
     ChangeSink sink_;
 };
 

@@ -8,6 +8,7 @@ namespace tv {
 
 namespace box {
 inline constexpr unsigned OkOnly = 0x0;
+inline constexpr unsigned OkCancel = 0x1;
 inline constexpr unsigned YesNo = 0x4;
 inline constexpr unsigned Critical = 0x10;
 inline constexpr unsigned Question = 0x20;
@@ -15,6 +16,7 @@ inline constexpr unsigned Exclamation = 0x30;
 inline constexpr unsigned Information = 0x40;
 
 inline constexpr int Ok = 1;
+inline constexpr int Cancel = 2;
 inline constexpr int Yes = 6;
 inline constexpr int No = 7;
 }  // namespace box

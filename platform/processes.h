@@ -27,6 +27,10 @@ public:
     // Starts `commandLine` as typed (no command interpreter in between) with the
     // window style `showStyle`, and does not wait for it. False when it cannot start.
     virtual bool start(const std::string& commandLine, int showStyle) = 0;
+
+    // The first three numbers of the program file's version record, as
+    // "2.0.0"; empty when the file has none.
+    virtual std::string versionNumbers() const = 0;
 };
 
 }  // namespace tv

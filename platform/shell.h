@@ -51,6 +51,11 @@ public:
         std::string time;
     };
     virtual DateTimeText localDateTime() const = 0;
+
+    // Opens `file` (a document, a web address, a mail link) with its program,
+    // from the folder `folder` (may be empty), in a normal window owned by the
+    // desktop. The system's result number: above 32 when it went well.
+    virtual int openDocument(const std::string& verb, const std::string& file, const std::string& folder) = 0;
 };
 
 }  // namespace tv

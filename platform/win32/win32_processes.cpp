@@ -1,3 +1,4 @@
+#include <string>
 #include <vector>
 
 #include "platform/win32/unique_handle.h"
@@ -31,6 +32,20 @@ bool Win32Processes::start(const std::string& commandLine, int showStyle) {
     UniqueKernelObject process(started.hProcess);
     UniqueKernelObject thread(started.hThread);
     return true;
+}
+
+std::string Win32Processes::versionNumbers() const {
+    const std::string program = modulePath();
+    DWORD ignored = 0;
+    const DWORD size = ::GetFileVersionInfoSizeA(program.c_str(), &ignored);
+    if (size == 0) return {};
+    std::vector<char> record(size);
+    if (!::GetFileVersionInfoA(program.c_str(), 0, size, record.data())) return {};
+    VS_FIXEDFILEINFO* fixed = nullptr;
+    UINT length = 0;
+    if (!::VerQueryValueA(record.data(), "\\", reinterpret_cast<void**>(&fixed), &length) || !fixed) return {};
+    return std::to_string(HIWORD(fixed->dwFileVersionMS)) + "." + std::to_string(LOWORD(fixed->dwFileVersionMS)) +
+           "." + std::to_string(HIWORD(fixed->dwFileVersionLS));
 }
 
 }  // namespace tv::win32

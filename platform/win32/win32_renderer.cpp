@@ -4,6 +4,7 @@
 
 #include <unordered_map>
 
+#include "platform/win32/control_paint.h"
 #include "platform/win32/pending_texts.h"
 
 namespace tv::win32 {
@@ -36,6 +37,11 @@ ClassAndStyle windowKind(Kind kind) {
     case Kind::ListBox:
         return {"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
                 WS_EX_CLIENTEDGE};
+    case Kind::CheckList:
+        return {"LISTBOX",
+                LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT |
+                    WS_VSCROLL | WS_TABSTOP,
+                WS_EX_CLIENTEDGE};
     case Kind::ComboBox: return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0};
     case Kind::ProgressBar: return {PROGRESS_CLASSA, 0, 0};
     case Kind::Frame: return {kFrameClass, 0, WS_EX_CONTROLPARENT};
@@ -60,6 +66,8 @@ struct Win32Renderer::FormWindow {
     std::unordered_map<const Control*, HWND> windows;
     std::unordered_map<int, Control*> byId;
     std::unordered_map<const Control*, int> idOf;
+    std::unordered_map<HWND, Control*> controlOf;
+    ColourBrushes brushes;
     bool mirroring = false;  // set while the model writes into a window
     PendingTexts texts;       // labels' and the caption's newest texts, not yet written
     bool textTimerSet = false;
@@ -74,6 +82,8 @@ struct Win32Renderer::FormWindow {
     void setTextSoon(HWND window, const std::string& text);
     void writeTexts();
     void command(int id, int code);
+    bool handleControlMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    void ticksChanged(Control& control, HWND child);
     void timer(int id);
     void forget();
 };
@@ -184,6 +194,7 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
                                    nullptr);
     if (!child) return;
     windows[&control] = child;
+    controlOf[child] = &control;
     if (control.kind() == Kind::Frame) ::SetWindowLongPtrA(child, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     setName(child, control.name());
@@ -229,18 +240,27 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         default: break;
         }
         break;
+    case Prop::Ticks:
+        if (control.kind() == Kind::CheckList)
+            for (std::size_t item = 0; item < control.items().size(); ++item)
+                ::SendMessageA(child, LB_SETSEL, control.ticked(item), static_cast<LPARAM>(item));
+        break;
     case Prop::Items:
-        if (control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox) {
-            const bool list = control.kind() == Kind::ListBox;
+        if (control.kind() == Kind::ListBox || control.kind() == Kind::CheckList ||
+            control.kind() == Kind::ComboBox) {
+            const bool list = control.kind() != Kind::ComboBox;
             ::SendMessageA(child, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
             for (const auto& item : control.items())
                 ::SendMessageA(child, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
                                reinterpret_cast<LPARAM>(item.c_str()));
+            mirror(control, Prop::Selection);  // a new content keeps the chosen item and the ticks
+            mirror(control, Prop::Ticks);
         }
         break;
     case Prop::ItemAdded:
-        if (control.kind() == Kind::ListBox || control.kind() == Kind::ComboBox)
-            ::SendMessageA(child, control.kind() == Kind::ListBox ? LB_ADDSTRING : CB_ADDSTRING, 0,
+        if (control.kind() == Kind::ListBox || control.kind() == Kind::CheckList ||
+            control.kind() == Kind::ComboBox)
+            ::SendMessageA(child, control.kind() == Kind::ComboBox ? CB_ADDSTRING : LB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(control.items().back().c_str()));
         break;
     case Prop::Interval: break;
@@ -310,11 +330,52 @@ void Win32Renderer::FormWindow::command(int id, int code) {
         if (code == LBN_SELCHANGE)
             control.userSetValue(static_cast<int>(::SendMessageA(child, LB_GETCURSEL, 0, 0)));
         break;
+    case Kind::CheckList:
+        if (code == LBN_SELCHANGE) ticksChanged(control, child);
+        break;
     case Kind::ComboBox:
         if (code == CBN_SELCHANGE)
             control.userSetValue(static_cast<int>(::SendMessageA(child, CB_GETCURSEL, 0, 0)));
         break;
     default: break;
+    }
+}
+
+// A click or the space bar flipped the selection of a row, which is its tick.
+void Win32Renderer::FormWindow::ticksChanged(Control& control, HWND child) {
+    for (std::size_t item = 0; item < control.items().size(); ++item) {
+        const bool ticked = ::SendMessageA(child, LB_GETSEL, item, 0) > 0;
+        if (ticked != control.ticked(item)) control.userTickItem(item, ticked);
+    }
+}
+
+// Colours and the rows of check lists, for the form and its frames alike.
+bool Win32Renderer::FormWindow::handleControlMessage(UINT message, WPARAM wParam, LPARAM lParam,
+                                                     LRESULT& result) {
+    switch (message) {
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORLISTBOX: {
+        const auto found = controlOf.find(reinterpret_cast<HWND>(lParam));
+        if (found == controlOf.end()) return false;
+        HBRUSH brush = paintColours(reinterpret_cast<HDC>(wParam), *found->second, brushes);
+        if (!brush) return false;
+        result = reinterpret_cast<LRESULT>(brush);
+        return true;
+    }
+    case WM_MEASUREITEM:
+        reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = kCheckListRowHeight;
+        result = TRUE;
+        return true;
+    case WM_DRAWITEM: {
+        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+        const auto found = controlOf.find(item.hwndItem);
+        if (found == controlOf.end()) return false;
+        drawCheckListRow(item, *found->second);
+        result = TRUE;
+        return true;
+    }
+    default: return false;
     }
 }
 
@@ -331,6 +392,7 @@ void Win32Renderer::FormWindow::forget() {
     dropName(hwnd);
     ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
     texts.clear();
+    controlOf.clear();
     ::DestroyWindow(hwnd);
     hwnd = nullptr;
 }
@@ -350,6 +412,8 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
         case WM_CLOSE: window->form->userClose(); return 0;
         default: break;
         }
+        LRESULT result = 0;
+        if (window->handleControlMessage(message, wParam, lParam, result)) return result;
     }
     return ::DefWindowProcA(hwnd, message, wParam, lParam);
 }
@@ -362,8 +426,8 @@ LRESULT CALLBACK Win32Renderer::FormWindow::frameProc(HWND hwnd, UINT message, W
         window->command(LOWORD(wParam), HIWORD(wParam));
         return 0;
     }
-    if (window && (message == WM_CTLCOLORSTATIC || message == WM_CTLCOLORBTN))
-        return ::SendMessageA(window->hwnd, message, wParam, lParam);
+    LRESULT result = 0;
+    if (window && window->handleControlMessage(message, wParam, lParam, result)) return result;
     return ::DefWindowProcA(hwnd, message, wParam, lParam);
 }
 

@@ -2,6 +2,7 @@
 
 #include <commdlg.h>
 #include <imagehlp.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <algorithm>
@@ -97,6 +98,13 @@ Shell::DateTimeText Win32Shell::localDateTime() const {
     ::GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &now, nullptr, date, sizeof date);
     ::GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, sizeof time);
     return {date, time};
+}
+
+
+int Win32Shell::openDocument(const std::string& verb, const std::string& file, const std::string& folder) {
+    const HINSTANCE result = ::ShellExecuteA(::GetDesktopWindow(), verb.c_str(), file.c_str(), nullptr,
+                                             folder.empty() ? nullptr : folder.c_str(), SW_SHOWNORMAL);
+    return static_cast<int>(reinterpret_cast<INT_PTR>(result));
 }
 
 }  // namespace tv::win32

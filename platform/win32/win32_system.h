@@ -29,6 +29,7 @@ public:
     std::string browseForFolder(const std::string& title) override;
     std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
     DateTimeText localDateTime() const override;
+    int openDocument(const std::string& verb, const std::string& file, const std::string& folder) override;
 };
 
 class Win32MessageBoxes final : public MessageBoxes {
@@ -41,6 +42,7 @@ public:
     std::string commandLine() const override;
     std::string modulePath() const override;
     bool start(const std::string& commandLine, int showStyle) override;
+    std::string versionNumbers() const override;
 };
 
 class Win32EventLoop final : public EventLoop {

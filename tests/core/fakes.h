@@ -2,6 +2,7 @@
 // boxes (an unexpected box fails the test), and a recording event loop.
 #pragma once
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <map>
@@ -67,6 +68,13 @@ public:
     std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
     DateTimeText now{"3/5/2006", "3:04:07 PM"};
     DateTimeText localDateTime() const override { return now; }
+    // What was opened, as verb, file and folder; the result every opening gives.
+    std::vector<std::array<std::string, 3>> opened;
+    int openResult = 42;
+    int openDocument(const std::string& verb, const std::string& file, const std::string& folder) override {
+        opened.push_back({verb, file, folder});
+        return openResult;
+    }
 };
 
 struct ShownBox {
@@ -89,6 +97,8 @@ public:
     bool refuse = false;  // nothing can be started
     std::string commandLine() const override { return line; }
     std::string modulePath() const override { return path; }
+    std::string version = "2.0.0";
+    std::string versionNumbers() const override { return version; }
     bool start(const std::string& commandLine, int showStyle) override {
         if (refuse) return false;
         started.emplace_back(commandLine, showStyle);

@@ -2,16 +2,21 @@
 // scans of a prepared folder in tests and benchmarks.
 #pragma once
 
+#include <deque>
 #include <string>
+#include <vector>
 
 #include "platform/win32/win32_system.h"
 
 namespace tv::test {
 
-// The real Windows shell, but with a system directory of the test's own.
+// The real Windows shell, but with a system directory of the test's own and
+// the folder dialog answered from a script (cancelled when the script is empty).
 struct OwnSystemShell final : Shell {
     win32::Win32Shell real;
     std::string system;
+    std::deque<std::string> folderChoices;
+    std::vector<std::string> folderTitles;
     std::string systemDirectory(std::size_t) const override { return system; }
     std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
     std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
@@ -19,9 +24,18 @@ struct OwnSystemShell final : Shell {
     std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
         return real.openFileDialog(o, t, f, n);
     }
-    std::string browseForFolder(const std::string& t) override { return real.browseForFolder(t); }
+    std::string browseForFolder(const std::string& title) override {
+        folderTitles.push_back(title);
+        if (folderChoices.empty()) return {};
+        std::string chosen = folderChoices.front();
+        folderChoices.pop_front();
+        return chosen;
+    }
     std::string shortPathBuffer(const std::string& p, std::size_t n) const override { return real.shortPathBuffer(p, n); }
     DateTimeText localDateTime() const override { return real.localDateTime(); }
+    int openDocument(const std::string& v, const std::string& f, const std::string& d) override {
+        return real.openDocument(v, f, d);
+    }
 };
 
 }  // namespace tv::test
