@@ -10,6 +10,8 @@ set(TARVELON_CORE_SOURCES
   core/settings_text.cpp
   core/text.cpp
   core/vb_number.cpp
+  custom/custom_folder_form.cpp
+  custom/custom_folder_manager.cpp
   custom/custom_slots.cpp
   hash/checksum.cpp
   hash/cpu_features.cpp
@@ -39,12 +41,15 @@ set(TARVELON_CORE_SOURCES
   platform/controls.cpp
   platform/form.cpp
   ui/application.cpp
+  ui/folder_scan_page.cpp
   ui/load_settings.cpp
+  ui/main_actions.cpp
   ui/main_window.cpp
   ui/startup_folder.cpp
 )
 
 set(TARVELON_WIN32_SOURCES
+  platform/win32/control_paint.cpp
   platform/win32/win32_event_loop.cpp
   platform/win32/win32_files.cpp
   platform/win32/win32_message_boxes.cpp

@@ -1,5 +1,7 @@
 #include "custom/custom_slots.h"
 
+#include <algorithm>
+
 #include "core/settings_store.h"
 #include "core/text.h"
 
@@ -12,10 +14,17 @@ CustomSlot readSlot(const AppContext& ctx, int slot) {
 
 bool joinsRun(const std::string& list) { return !list.empty() && list.back() == '1'; }
 
-std::array<bool, 6> wantedGroups(const std::string& list) {
-    std::array<bool, 6> wanted{};
+std::array<bool, 7> splitPositions(const std::string& list) {
+    std::array<bool, 7> ticked{};
     const auto parts = splitText(list, ",");
-    for (std::size_t i = 0; i < wanted.size() && i < parts.size(); ++i) wanted[i] = parts[i] == "1";
+    for (std::size_t i = 0; i < ticked.size() && i < parts.size(); ++i) ticked[i] = parts[i] == "1";
+    return ticked;
+}
+
+std::array<bool, 6> wantedGroups(const std::string& list) {
+    const auto positions = splitPositions(list);
+    std::array<bool, 6> wanted{};
+    std::copy_n(positions.begin(), wanted.size(), wanted.begin());
     return wanted;
 }
 

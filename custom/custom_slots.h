@@ -30,4 +30,8 @@ bool joinsRun(const std::string& list);
 // other position is not.
 std::array<bool, 6> wantedGroups(const std::string& list);
 
+// All seven positions read the same way, position 6 by splitting too: how the
+// folder manager shows a slot.
+std::array<bool, 7> splitPositions(const std::string& list);
+
 }  // namespace tv

@@ -20,15 +20,6 @@ constexpr const char* kFirstRunRefused =
     "You have chosen not to do a full scan at this time.  You need to run the full scan before using the "
     "Integrity Checker.";
 
-// The backup was refused: it is deleted, and a fresh start of the program
-// brings the first-run question.
-void restartWithoutBackup(AppContext& ctx, ScanHost& host, const std::string& backup) {
-    ctx.os.boxes.show("Tarvelon needs to be re-started", kAppTitle, box::OkOnly);
-    ctx.os.files.remove(backup);
-    ctx.os.processes.start("\"" + ctx.appPath + "TarvelonLow.exe\"", show::MinimizedFocus);
-    host.endProgram();
-}
-
 void buildPrimaryBaseline(AppContext& ctx, ScanHost& host) {
     ctx.primaryBuild = true;
     ctx.os.files.writeAll(ctx.intFile, "");
@@ -44,6 +35,13 @@ void buildPrimaryBaseline(AppContext& ctx, ScanHost& host) {
 }
 
 }  // namespace
+
+void restartWithoutBackup(AppContext& ctx, ScanHost& host, const std::string& backup) {
+    ctx.os.boxes.show("Tarvelon needs to be re-started", kAppTitle, box::OkOnly);
+    ctx.os.files.remove(backup);
+    ctx.os.processes.start("\"" + ctx.appPath + "TarvelonLow.exe\"", show::MinimizedFocus);
+    host.endProgram();
+}
 
 void checkIntFile(AppContext& ctx, ScanHost& host) {
     if (!fileThere(ctx, ctx.intFile)) {

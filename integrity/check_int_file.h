@@ -3,11 +3,17 @@
 // directory and starts the primary full scan.
 #pragma once
 
+#include <string>
+
 #include "core/app_context.h"
 #include "integrity/scan_host.h"
 
 namespace tv {
 
 void checkIntFile(AppContext& ctx, ScanHost& host);
+
+// Says the program restarts, deletes the baseline's backup, starts a fresh
+// instance minimised and ends this one: the new start asks the first-run question.
+void restartWithoutBackup(AppContext& ctx, ScanHost& host, const std::string& backup);
 
 }  // namespace tv

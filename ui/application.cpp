@@ -2,6 +2,8 @@
 
 #include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
+#include "custom/custom_folder_form.h"
+#include "custom/custom_folder_manager.h"
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "hash/checksum.h"
@@ -10,7 +12,9 @@
 #include "integrity/findings_action.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
+#include "ui/folder_scan_page.h"
 #include "ui/load_settings.h"
+#include "ui/main_actions.h"
 #include "ui/main_window.h"
 
 namespace tv::ui {
@@ -19,6 +23,11 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
     ctx_.os.renderer.attach(*mForm1_);
     mForm1_->onUnload = [this] { unloadMainForm(); };
     mForm1_->cButton9.onClick = [this] { unloadMainForm(); };
+    actions_ = std::make_unique<MainActions>(ctx_, *mForm1_,
+                                             [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); });
+    folderPage_ = std::make_unique<FolderScanPage>(ctx_, *mForm1_, *this,
+                                                   [this]() -> ScanDriver& { return scanDriver(); });
+    mForm1_->addRem.onClick = [this] { customFolderManager().show(); };
     ctx_.autoLogging = &mForm1_->Check7;
     ctx_.scannerFocus = &mForm1_->avfocus;
 }
@@ -48,6 +57,20 @@ ScanDriver& Application::scanDriver() {
     return *scanDriver_;
 }
 
+CustomFolderForm& Application::customFolders() {
+    if (!iCust_) {
+        iCust_ = std::make_unique<CustomFolderForm>();
+        custManager_ = std::make_unique<CustomFolderManager>(ctx_, *iCust_, [this] { folderPage_->loadf(); });
+        ctx_.os.renderer.attach(*iCust_);
+    }
+    return *iCust_;
+}
+
+CustomFolderManager& Application::customFolderManager() {
+    customFolders();
+    return *custManager_;
+}
+
 void Application::setMainCaption(const std::string& caption) { mForm1_->setCaption(caption); }
 
 void Application::showMainWindow(bool visible) { mForm1_->setVisible(visible); }
@@ -59,7 +82,7 @@ void Application::startScanWindow() {
 
 void Application::startFirstCustomScan(const std::string& folder, const std::string& datFile) {
     const Control& combo = mForm1_->Combo1;
-    scanDriver().firstCustomScan(folder, datFile, {combo.caption(), combo.value()});
+    scanDriver().firstCustomScan(folder, datFile, {combo.selectedText(), combo.value()});
 }
 
 void Application::pressResultAction() {

@@ -15,7 +15,11 @@ class FindingsAction;
 
 namespace tv::ui {
 
+class CustomFolderForm;
+class CustomFolderManager;
 class MainWindow;
+class MainActions;
+class FolderScanPage;
 class ScannerChoiceForm;
 class ScanWindow;
 
@@ -35,6 +39,9 @@ public:
     // intCheck, the scan window, with the driver of its scans; created hidden on first use.
     ScanWindow& scanWindow();
     ScanDriver& scanDriver();
+    // iCust, the custom folder manager, created hidden on first use.
+    CustomFolderForm& customFolders();
+    CustomFolderManager& customFolderManager();
 
     // The Load of the main window: paths, data folders, settings, and the run
     // mode of the command line. Failing steps are passed over; start-up never
@@ -66,10 +73,14 @@ private:
 
     AppContext ctx_;
     std::unique_ptr<MainWindow> mForm1_;
+    std::unique_ptr<MainActions> actions_;
+    std::unique_ptr<FolderScanPage> folderPage_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;
     std::unique_ptr<FindingsAction> findings_;
+    std::unique_ptr<CustomFolderForm> iCust_;
+    std::unique_ptr<CustomFolderManager> custManager_;
     bool ended_ = false;
 };
 

@@ -3,6 +3,8 @@
 // run, shown or not, because its settings controls hold the user's choices.
 #pragma once
 
+#include <array>
+
 #include "platform/form.h"
 
 namespace tv::ui {
@@ -32,8 +34,29 @@ public:
     Control& Frame2;  // About
 
     // Folder scan page: the folder to scan (item 0 the system directory, then
-    // the custom folders, the index standing for the slot).
+    // the custom folders, the index standing for the slot), a box per file
+    // group in the order of the passes, and a button that toggles each box.
+    Control& lFolder;
     Control& Combo1;
+    std::array<Control*, 6> check{};
+    std::array<Control*, 6> groupButtons{};  // bDLL, bDRV, bSYS, bOCX, bEXE, bEXE2
+    Control& bFULL;
+    Control& bCLEAR;
+    Control& bSCAN;
+    Control& addRem;
+
+    // Options page.
+    Control& Label15;
+    Control& cSetW;
+    Control& cSettings;
+    Control& Label16;
+    Control& cButton2;
+    Control& Label23;
+    Control& cCreateSS;
+    Control& cReports;
+    Control& cUpdates;
+    Control& cAbout;
+    Control& Label6;
 
     // About page.
     Control& Label32;
@@ -68,6 +91,10 @@ public:
 
     // Hides every page.
     void norms2();
+
+private:
+    std::array<Control*, 6> addGroupRows();
+    std::array<Control*, 6> groupButtonsAdded() const;
 };
 
 }  // namespace tv::ui

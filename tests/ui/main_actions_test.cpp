@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "tests/core/fakes.h"
+#include "ui/main_actions.h"
+#include "ui/main_window.h"
+
+namespace tv::ui {
+namespace {
+
+using Opened = std::array<std::string, 3>;
+
+class MainActionsTest : public ::testing::Test {
+protected:
+    MainActionsTest() { ctx.appPath = "C:\\Tarvelon\\"; }
+    std::vector<std::string> shownPages() const {
+        std::vector<std::string> shown;
+        for (const Control* page : {&window.intF, &window.regF, &window.appF, &window.setFq, &window.settF,
+                                    &window.repF, &window.Frame2})
+            if (page->visible()) shown.push_back(page->name());
+        return shown;
+    }
+
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    MainWindow window;
+    int settingsLoads = 0;
+    MainActions actions{ctx, window, [this] { ++settingsLoads; }};
+};
+
+TEST_F(MainActionsTest, EachEntryShowsItsPageAlone) {
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
+    EXPECT_EQ(window.Label33.caption(), "Version: 2.0");
+    window.Image7.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"regF"});
+    window.Image9.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"appF"});
+    window.Image11.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"setFq"});
+    EXPECT_EQ(settingsLoads, 1);
+    os.processes.version = "2.4.17";
+    window.cAbout.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
+    EXPECT_EQ(window.Label33.caption(), "Version: 2.4.17");
+    window.Image9.userClick();
+    window.cButton7.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
+}
+
+TEST_F(MainActionsTest, HelpOpensTheProgramsOwnPagesAndOffersTheWebWhenTheyAreMissing) {
+    window.cButton6.userClick();
+    ASSERT_EQ(os.shell.opened.size(), 1u);
+    EXPECT_EQ(os.shell.opened[0], (Opened{"Open", "index.html", "C:\\Tarvelon\\Help\\"}));
+    EXPECT_TRUE(os.boxes.shown.empty());
+
+    os.shell.openResult = 2;
+    os.boxes.answers = {box::No};
+    window.cButton4.userClick();
+    EXPECT_EQ(os.boxes.shown[0].prompt,
+              "The Help file wasn't found or cannot be executed! Would you like to browse Tarvelon help on the web?");
+    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_EQ(os.shell.opened.size(), 2u);
+
+    os.boxes.answers = {box::Yes, box::Ok, box::Ok};
+    window.cButton6.userClick();  // the web page fails as well
+    ASSERT_EQ(os.shell.opened.size(), 4u);
+    EXPECT_EQ(os.shell.opened[3][1], kMakerWebPage);
+    EXPECT_EQ(os.boxes.shown[2].prompt.rfind("Click on the Tarvelon page, then choose 'Online Help'.", 0), 0u);
+    EXPECT_NE(os.boxes.shown[3].prompt.find(kMakerWebPage), std::string::npos);
+}
+
+TEST_F(MainActionsTest, WebPageOnlyOnYesAndMailNamesTheVersion) {
+    os.boxes.answers = {box::No, box::Yes};
+    window.cButton5.userClick();
+    EXPECT_TRUE(os.shell.opened.empty());
+    window.cButton5.userClick();
+    EXPECT_EQ(os.shell.opened.at(0)[1], kMakerWebPage);
+    EXPECT_EQ(os.boxes.shown.size(), 2u);  // it opened: nothing more to say
+
+    window.Label37.userClick();
+    EXPECT_EQ(os.shell.opened.at(1)[1], std::string("mailto:") + kSupportMail + "?subject=Tarvelon(v2.0.0)");
+    os.shell.openResult = 31;
+    os.boxes.answers = {box::Ok};
+    window.Label37.userClick();
+    EXPECT_EQ(os.boxes.shown.back().prompt,
+              std::string("Could not execute default mail client.\r\nPlease write to ") + kSupportMail);
+}
+
+}  // namespace
+}  // namespace tv::ui

@@ -1,0 +1,147 @@
+#include "core/settings_store.h"
+#include "integrity/data_file.h"
+#include "tests/win/scan_fixture.h"
+#include "ui/folder_scan_page.h"
+#include "ui/main_window.h"
+
+namespace tv::test {
+namespace {
+
+class FolderScanPageTest : public ScanDriverTest {
+protected:
+    FolderScanPageTest() {
+        files.makeFolder(path("tools"));
+        files.makeFolder(path("more"));
+        host.startFirstCustom = [this](const std::string& folder, const std::string& datFile) {
+            driver.firstCustomScan(folder, datFile, {main.Combo1.selectedText(), main.Combo1.value()});
+        };
+    }
+    void slot(int number, const std::string& folder, const std::string& args) {
+        writeEntry(ctx, ctx.settFile, "path", folder, std::to_string(number));
+        writeEntry(ctx, ctx.settFile, "args", args, std::to_string(number));
+    }
+    void systemBaseline() {
+        writeFile("Data\\Integrity.dat", "");
+        loadIntFile(ctx, ctx.intFile);
+    }
+    std::array<int, 6> boxes6() const {
+        std::array<int, 6> values{};
+        for (int group = 0; group < 6; ++group) values[group] = main.check[group]->value();
+        return values;
+    }
+    std::vector<std::string> shownPages() const {
+        std::vector<std::string> shown;
+        for (const ui::Control* page : {&main.intF, &main.regF, &main.appF, &main.setFq, &main.settF, &main.repF,
+                                        &main.Frame2})
+            if (page->visible()) shown.push_back(page->name());
+        return shown;
+    }
+
+    ui::MainWindow main;
+    ui::FolderScanPage page{ctx, main, host, [this]() -> ScanDriver& { return driver; }};
+};
+
+TEST_F(FolderScanPageTest, FolderListKeepsNoGapsSoAnEarlierEmptySlotShiftsTheIndex) {
+    slot(2, "  " + path("tools\\") + " ", "1,0,0,0,0,0,0");
+    slot(5, path("more\\"), "0,0,0,0,1,0,0");
+    systemBaseline();
+    main.Image5.userClick();
+    EXPECT_EQ(shownPages(), std::vector<std::string>{"intF"});
+    EXPECT_EQ(main.Combo1.items(), (std::vector<std::string>{path("sys\\"), path("tools\\"), path("more\\")}));
+    EXPECT_EQ(main.Combo1.value(), 0);
+    // "tools" stands as item 1, so slot 1's data file and settings are the ones read.
+    writeFile("Data\\1.dat", "");
+    slot(1, "NULL", "0,0,1,0,0,1,0");
+    main.Combo1.userSetValue(1);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 1, 0, 0, 1}));
+    main.Combo1.userSetValue(0);  // the system directory leaves the boxes alone
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 1, 0, 0, 1}));
+}
+
+TEST_F(FolderScanPageTest, MissingBaselineRestartsTheProgramOnYesOnly) {
+    writeFile("Data\\Integrity.bak", "old");
+    boxes.answers = {box::No};
+    main.Image5.userClick();
+    EXPECT_TRUE(shownPages().empty());  // the bare frame
+    EXPECT_EQ(boxes.shown[0].title, "Missing File");
+    EXPECT_TRUE(processes.started.empty());
+    boxes.answers = {box::Yes, box::Ok};
+    main.Image5.userClick();
+    EXPECT_EQ(boxes.shown[2].prompt, "Tarvelon needs to be re-started");
+    EXPECT_FALSE(files.canRead(path("Data\\Integrity.bak")));
+    ASSERT_EQ(processes.started.size(), 1u);
+    EXPECT_EQ(processes.started[0], std::make_pair("\"" + path("TarvelonLow.exe") + "\"", show::MinimizedFocus));
+    EXPECT_TRUE(host.ended);
+}
+
+TEST_F(FolderScanPageTest, ToggleButtonsSelectAllAndClear) {
+    main.groupButtons[1]->userClick();
+    main.groupButtons[5]->userClick();
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 1, 0, 0, 0, 1}));
+    main.groupButtons[1]->userClick();
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 0, 0, 0, 1}));
+    main.bFULL.userClick();
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 1, 1, 1, 1, 1}));
+    main.bCLEAR.userClick();
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{}));
+}
+
+TEST_F(FolderScanPageTest, ScanOfTheSystemDirectoryWithOnlyDllTicked) {
+    systemFile("a.dll", "a");
+    systemFile("b.exe", "b");
+    systemBaseline();
+    page.loadf();
+    boxes.answers = {box::Ok};
+    main.bSCAN.userClick();
+    EXPECT_EQ(boxes.shown[0].prompt, "Please select the files to scan.");
+    EXPECT_FALSE(window.visible());
+    main.groupButtons[0]->userClick();
+    main.bSCAN.userClick();
+    EXPECT_TRUE(window.visible());
+    EXPECT_TRUE(ctx.scan.pageScan && ctx.scan.noAutoAction);
+    EXPECT_EQ(ctx.scan.customQueue, "");
+    runTimer();
+    EXPECT_EQ(ctx.scan.newCount, 1);  // a.dll only
+    EXPECT_EQ(window.Label6.caption(), "1");
+    EXPECT_EQ(window.List1.items().back(), path("sys\\a.dll *NEW*"));
+}
+
+TEST_F(FolderScanPageTest, ScanOfACustomFolderRunsOnlyThatFolder) {
+    writeFile("tools\\t.dll", "t");
+    systemFile("a.dll", "a");
+    slot(1, path("tools\\"), "1,1,1,1,1,1,1");
+    systemBaseline();
+    writeFile("Data\\1.dat", "[DLL]\r\nt.dll=" + hash::getChecksum(ctx, path("tools\\t.dll")) + "*E\r\nNULL*E\r\n");
+    page.loadf();
+    main.Combo1.userSetValue(1);
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 1, 1, 1, 1, 1}));
+    main.bSCAN.userClick();
+    EXPECT_EQ(ctx.customFolder, path("tools\\"));
+    EXPECT_EQ(ctx.scan.customIndex, 1);
+    EXPECT_EQ(ctx.scan.customQueue, "");
+    runTimer();
+    EXPECT_EQ(ctx.scan.newCount, 0);  // a.dll of the system directory is not looked at
+    EXPECT_EQ(ctx.scan.failCount, 0);
+    EXPECT_EQ(window.Label6.caption(), "1");
+}
+
+TEST_F(FolderScanPageTest, FolderWithoutBaselineAsksForItsFirstScan) {
+    writeFile("tools\\t.dll", "t");
+    slot(1, path("tools\\"), "1,0,0,0,0,0,0");
+    systemBaseline();
+    page.loadf();
+    boxes.answers = {box::No, box::Ok};
+    main.Combo1.userSetValue(1);
+    EXPECT_EQ(main.Combo1.value(), 0);
+    EXPECT_FALSE(files.canRead(path("Data\\1.dat")));
+    boxes.answers = {box::Yes};
+    main.Combo1.userSetValue(1);
+    EXPECT_TRUE(window.visible());
+    EXPECT_TRUE(ctx.scan.customFirstScan);
+    EXPECT_EQ(readIni(ctx, path("Data\\1.dat"), "t.dll", "DLL"), "NULL*E");
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 0, 0, 0, 0, 0}));
+}
+
+}  // namespace
+}  // namespace tv::test
