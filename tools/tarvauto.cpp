@@ -12,8 +12,12 @@
 //   tarvauto caption <title> <name>          caption of the control named <name>
 //   tarvauto wait-caption <title> <name> <text>  wait until that caption reads <text>
 //   tarvauto click <title> <name>            press the control named <name>
-//   tarvauto items <title> <name>            the items of a list, one per line
+//   tarvauto items <title> <name>            the items of a list or drop-down list, one per line
+//   tarvauto shown <title> <name>            1 when the control and its frames are visible, else 0
 //   tarvauto restore <title>                 bring a minimised window back to its normal size
+//   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
+//   tarvauto tick <title> <name> <index>     flip the box of a check list's item
+//   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
 //
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
@@ -21,6 +25,7 @@
 #define WIN32_LEAN_AND_MEAN
 #define NOMINMAX
 #include <windows.h>
+#include <commctrl.h>
 
 #include <fcntl.h>
 #include <io.h>
@@ -28,6 +33,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -137,21 +143,139 @@ LRESULT askList(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 std::vector<std::string> listItems(HWND list) {
+    const bool combo = className(list) == "ComboBox";
     std::vector<std::string> items;
-    const LRESULT count = askList(list, LB_GETCOUNT, 0, 0);
+    const LRESULT count = askList(list, combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
-        const LRESULT length = askList(list, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
+        const LRESULT length = askList(list, combo ? CB_GETLBTEXTLEN : LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
         if (length == LB_ERR) break;
         // Asked in UTF-16, which the system copies across processes as it is
         // (Wine hands a narrow request the wide text), then put in the ANSI code page.
         std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
-        askList(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
+        askList(list, combo ? CB_GETLBTEXT : LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
         const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
         std::string text(static_cast<std::size_t>(size), '\0');
         ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
         items.emplace_back(text.c_str());
     }
     return items;
+}
+
+// Chooses, ticks or unticks an item the way a click does: the list changes and
+// its parent hears the list's notification.
+int chooseItem(HWND list, int index, bool tick) {
+    const bool combo = className(list) == "ComboBox";
+    LRESULT done = 0;
+    if (combo)
+        done = askList(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    else if (tick)
+        done = askList(list, LB_SETSEL, askList(list, LB_GETSEL, static_cast<WPARAM>(index), 0) <= 0,
+                       static_cast<LPARAM>(index));
+    else
+        done = askList(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    if (done == LB_ERR) {
+        std::fprintf(stderr, "tarvauto: no item %d\n", index);
+        return fail();
+    }
+    const WORD code = combo ? CBN_SELCHANGE : LBN_SELCHANGE;
+    ::PostMessageA(::GetParent(list), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(list), code),
+                   reinterpret_cast<LPARAM>(list));
+    return 0;
+}
+
+// Memory inside another process, for messages whose answers are written
+// through pointers.
+class RemoteBuffer {
+public:
+    RemoteBuffer(HWND window, std::size_t bytes) : bytes_(bytes) {
+        DWORD pid = 0;
+        ::GetWindowThreadProcessId(window, &pid);
+        process_ = ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid);
+        if (process_) address_ = ::VirtualAllocEx(process_, nullptr, bytes, MEM_COMMIT, PAGE_READWRITE);
+    }
+    ~RemoteBuffer() {
+        if (address_) ::VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
+        if (process_) ::CloseHandle(process_);
+    }
+    RemoteBuffer(const RemoteBuffer&) = delete;
+    RemoteBuffer& operator=(const RemoteBuffer&) = delete;
+    bool valid() const { return address_ != nullptr; }
+    char* at(std::size_t offset) const { return static_cast<char*>(address_) + offset; }
+    bool write(std::size_t offset, const void* data, std::size_t size) const {
+        return ::WriteProcessMemory(process_, at(offset), data, size, nullptr) != 0;
+    }
+    bool read(std::size_t offset, void* data, std::size_t size) const {
+        return ::ReadProcessMemory(process_, at(offset), data, size, nullptr) != 0;
+    }
+
+private:
+    std::size_t bytes_;
+    HANDLE process_ = nullptr;
+    void* address_ = nullptr;
+};
+
+// The text of a tree item of another process.
+std::string treeItemText(HWND tree, HTREEITEM item, const RemoteBuffer& remote) {
+    constexpr std::size_t kChars = 260;
+    TVITEMW request{};
+    request.mask = TVIF_TEXT;
+    request.hItem = item;
+    request.pszText = reinterpret_cast<LPWSTR>(remote.at(sizeof request));
+    request.cchTextMax = kChars;
+    std::wstring text(kChars, L'\0');
+    remote.write(sizeof request, text.data(), kChars * sizeof(wchar_t));
+    remote.write(0, &request, sizeof request);
+    askList(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(remote.at(0)));
+    remote.read(sizeof request, text.data(), kChars * sizeof(wchar_t));
+    char narrow[kChars * 2] = {};
+    ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
+    return narrow;
+}
+
+// The first child of `parent` (expanded first) whose text `matches`; with
+// `depth` 2 the grandchildren are searched as well.
+HTREEITEM findTreeItem(HWND tree, HTREEITEM parent, const std::function<bool(const std::string&)>& matches,
+                       const RemoteBuffer& remote, int depth = 1) {
+    askList(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(parent));
+    for (auto child = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(parent)));
+         child; child = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(child)))) {
+        if (matches(treeItemText(tree, child, remote))) return child;
+        if (depth > 1)
+            if (HTREEITEM found = findTreeItem(tree, child, matches, remote, depth - 1)) return found;
+    }
+    return nullptr;
+}
+
+// The folder dialog of another process: its tree is opened down to `folder`
+// ("C:\\A\\B"), the folder is selected, and OK is pressed. The drive is the
+// item whose text holds "(C:)", below the desktop or one level further down.
+int answerFolderDialog(HWND dialog, const std::string& folder) {
+    HWND tree = nullptr;
+    for (HWND child : childWindows(dialog))
+        if (className(child) == "SysTreeView32") tree = child;
+    RemoteBuffer remote(dialog, sizeof(TVITEMW) + 260 * sizeof(wchar_t));
+    if (!tree || !remote.valid() || folder.size() < 2) return fail();
+    auto item = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
+    const std::string drive = "(" + folder.substr(0, 2) + ")";
+    item = findTreeItem(tree, item, [&](const std::string& text) { return text.find(drive) != std::string::npos; },
+                        remote, 2);
+    std::size_t start = 3;
+    while (item && start < folder.size()) {
+        const std::size_t end = std::min(folder.find('\\', start), folder.size());
+        const std::string name = folder.substr(start, end - start);
+        item = findTreeItem(tree, item, [&](const std::string& text) { return ::lstrcmpiA(text.c_str(), name.c_str()) == 0; },
+                            remote);
+        start = end + 1;
+    }
+    if (!item) {
+        std::fprintf(stderr, "tarvauto: %s is not in the folder dialog\n", folder.c_str());
+        return fail();
+    }
+    askList(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+    HWND ok = ::GetDlgItem(dialog, IDOK);
+    if (!ok) return fail();
+    pressButton(ok);
+    return 0;
 }
 
 int start(const std::string& commandLine) {
@@ -259,11 +383,38 @@ int run(int argc, char** argv) {
         ::ShowWindow(window, SW_RESTORE);
         return 0;
     }
+    if (command == "choose" || command == "tick") {
+        const std::string name = arg(2);
+        HWND list = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "list " + name);
+        if (!list) return fail();
+        return chooseItem(list, std::atoi(arg(3).c_str()), command == "tick");
+    }
+    if (command == "browse") {
+        const std::string prompt = arg(1);
+        HWND dialog = waitFor([&]() -> HWND {
+            for (HWND top : topLevelWindows())
+                for (HWND child : childWindows(top))
+                    if (className(child) == "Static" && windowText(child) == prompt) return top;
+            return nullptr;
+        });
+        if (!dialog) {
+            std::fprintf(stderr, "tarvauto: no folder dialog showing \"%s\"\n", prompt.c_str());
+            return fail();
+        }
+        return answerFolderDialog(dialog, arg(2));
+    }
     if (command == "items") {
         const std::string name = arg(2);
         HWND list = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "list " + name);
         if (!list) return fail();
         for (const std::string& item : listItems(list)) std::printf("%s\n", item.c_str());
+        return 0;
+    }
+    if (command == "shown") {
+        const std::string name = arg(2);
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "control " + name);
+        if (!control) return fail();
+        std::printf("%d", ::IsWindowVisible(control) ? 1 : 0);
         return 0;
     }
     if (command == "caption" || command == "click") {
