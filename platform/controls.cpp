@@ -33,7 +33,20 @@ bool Control::shown() const {
 void Control::setEnabled(bool enabled) {
     if (enabled == enabled_) return;
     enabled_ = enabled;
+    if (kind_ == Kind::FlatButton) setLook(enabled ? kBlack : kWhite);
     changed(Prop::Enabled);
+}
+
+void Control::userHover(bool overCaption) {
+    if (kind_ == Kind::FlatCheck) setLook(overCaption ? kBlue : kBlack, overCaption);
+}
+
+void Control::userPress(bool down) {
+    if (kind_ == Kind::FlatButton && enabled_) setLook(down ? kWhite : kBlack);
+}
+
+void Control::downStatus() {
+    if (kind_ == Kind::FlatCheck) setLook(kBlack, false);
 }
 
 void Control::setValue(int value) {

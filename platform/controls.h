@@ -59,6 +59,7 @@ public:
     bool shown() const;
 
     bool enabled() const { return enabled_; }
+    // A flat button shows its caption white while disabled, black while enabled.
     void setEnabled(bool enabled);
 
     // Check state (0 or 1), option state, progress position, timer interval, or
@@ -90,6 +91,14 @@ public:
     void userEditText(std::string text);
     void userTick();               // a timer's interval has passed
     void userTickItem(std::size_t item, bool ticked);  // a check list's box clicked
+
+    // The flat controls' look under the mouse. A flat check's caption turns blue
+    // and underlined while the mouse is over it, and black again over its box;
+    // a flat button's caption is white while pressed. Other kinds ignore them.
+    void userHover(bool overCaption);
+    void userPress(bool down);
+    // Resets a flat check's hover look; on a flat button it does nothing.
+    void downStatus();
 
     std::function<void()> onClick;
     std::function<void()> onChange;  // a user edit of text or selection

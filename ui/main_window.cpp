@@ -129,6 +129,10 @@ std::array<Control*, 6> MainWindow::groupButtonsAdded() const {
     return buttons;
 }
 
+void MainWindow::norms() {
+    for (const auto& control : controls()) control->downStatus();
+}
+
 void MainWindow::norms2() {
     for (Control* page : {&Frame2, &repF, &setFq, &appF, &regF, &intF, &settF, &qSett, &advF})
         page->setVisible(false);

@@ -91,6 +91,8 @@ public:
 
     // Hides every page.
     void norms2();
+    // Resets the hover look of every flat control.
+    void norms();
 
 private:
     std::array<Control*, 6> addGroupRows();

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "platform/win32/control_paint.h"
+#include "platform/win32/flat_controls.h"
 #include "platform/win32/pending_texts.h"
 
 namespace tv::win32 {
@@ -29,8 +30,8 @@ ClassAndStyle windowKind(Kind kind) {
     switch (kind) {
     case Kind::Label: return {"STATIC", SS_LEFT | SS_NOTIFY, 0};
     case Kind::FlatButton:
-    case Kind::Image: return {"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, 0};
-    case Kind::FlatCheck: return {"BUTTON", BS_CHECKBOX | WS_TABSTOP, 0};
+    case Kind::Image:
+    case Kind::FlatCheck: return {"BUTTON", BS_OWNERDRAW | WS_TABSTOP, 0};
     case Kind::CheckBox: return {"BUTTON", BS_3STATE | WS_TABSTOP, 0};
     case Kind::OptionButton: return {"BUTTON", BS_RADIOBUTTON | WS_TABSTOP, 0};
     case Kind::TextBox: return {"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
@@ -50,13 +51,23 @@ ClassAndStyle windowKind(Kind kind) {
     return {nullptr, 0, 0};
 }
 
-HFONT dialogFont() {
+// The system's dialog font, and the same font underlined.
+CaptionFonts dialogFonts() {
+    LOGFONTA font{};
     NONCLIENTMETRICSA metrics{};
     metrics.cbSize = sizeof metrics;
     if (::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0))
-        return ::CreateFontIndirectA(&metrics.lfMessageFont);
-    return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+        font = metrics.lfMessageFont;
+    else
+        ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
+    CaptionFonts fonts;
+    fonts.plain = ::CreateFontIndirectA(&font);
+    font.lfUnderline = TRUE;
+    fonts.underlined = ::CreateFontIndirectA(&font);
+    return fonts;
 }
+
+bool isFlat(Kind kind) { return kind == Kind::FlatButton || kind == Kind::Image || kind == Kind::FlatCheck; }
 
 }  // namespace
 
@@ -75,8 +86,11 @@ struct Win32Renderer::FormWindow {
     static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
 
-    void create(HINSTANCE instance, HFONT font);
-    void createControl(Control& control, HINSTANCE instance, HFONT font);
+    CaptionFonts fonts;
+
+    void create(HINSTANCE instance, const CaptionFonts& captionFonts);
+    void createControl(Control& control, HINSTANCE instance);
+    void drawItem(const DRAWITEMSTRUCT& item);
     void mirror(Control& control, Prop what);
     void mirrorForm(ui::FormProp what);
     void setTextSoon(HWND window, const std::string& text);
@@ -139,22 +153,25 @@ int checkState(int value) {
 
 }  // namespace
 
-Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance), font_(dialogFont()) {
+Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance), fonts_(dialogFonts()) {
     registerClasses(instance_);
 }
 
 Win32Renderer::~Win32Renderer() {
     for (auto& window : windows_) window->forget();
+    ::DeleteObject(fonts_.plain);
+    ::DeleteObject(fonts_.underlined);
 }
 
 void Win32Renderer::attach(ui::Form& form) {
     auto window = std::make_unique<FormWindow>();
     window->form = &form;
-    window->create(instance_, font_);
+    window->create(instance_, fonts_);
     windows_.push_back(std::move(window));
 }
 
-void Win32Renderer::FormWindow::create(HINSTANCE instance, HFONT font) {
+void Win32Renderer::FormWindow::create(HINSTANCE instance, const CaptionFonts& captionFonts) {
+    fonts = captionFonts;
     const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
     const DWORD exStyle = WS_EX_CONTROLPARENT;
     RECT frame{0, 0, form->clientArea().width, form->clientArea().height};
@@ -169,12 +186,12 @@ void Win32Renderer::FormWindow::create(HINSTANCE instance, HFONT font) {
     setName(hwnd, form->name());
     form->setNativeWindow(reinterpret_cast<NativeWindow>(hwnd));
 
-    for (const auto& control : form->controls()) createControl(*control, instance, font);
+    for (const auto& control : form->controls()) createControl(*control, instance);
     form->setSink([this](ui::Form&, ui::FormProp what) { mirrorForm(what); });
     if (form->visible()) mirrorForm(ui::FormProp::Visible);
 }
 
-void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instance, HFONT font) {
+void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instance) {
     const int id = kFirstControlId + static_cast<int>(byId.size());
     byId[id] = &control;
     idOf[&control] = id;
@@ -196,8 +213,9 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     windows[&control] = child;
     controlOf[child] = &control;
     if (control.kind() == Kind::Frame) ::SetWindowLongPtrA(child, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
     setName(child, control.name());
+    if (isFlat(control.kind())) followMouse(child, control);
     mirror(control, Prop::Items);
     mirror(control, Prop::Value);
 }
@@ -229,7 +247,7 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     case Prop::Value:
     case Prop::Selection:
         switch (control.kind()) {
-        case Kind::FlatCheck:
+        case Kind::FlatCheck: ::InvalidateRect(child, nullptr, TRUE); break;
         case Kind::CheckBox:
         case Kind::OptionButton:
             ::SendMessageA(child, BM_SETCHECK, checkState(control.value()), 0);
@@ -310,11 +328,14 @@ void Win32Renderer::FormWindow::command(int id, int code) {
     case Kind::FlatButton:
     case Kind::Image:
     case Kind::Label:
-        if (code == BN_CLICKED) control.userClick();  // STN_CLICKED has the same number
+        // STN_CLICKED has the number of BN_CLICKED; a flat control's second
+        // click of a double click is a click as well.
+        if (code == BN_CLICKED || (isFlat(control.kind()) && code == BN_DOUBLECLICKED)) control.userClick();
         break;
     case Kind::FlatCheck:
     case Kind::CheckBox:
-        if (code == BN_CLICKED) control.userSetValue(control.value() == 1 ? 0 : 1);
+        if (code == BN_CLICKED || (isFlat(control.kind()) && code == BN_DOUBLECLICKED))
+            control.userSetValue(control.value() == 1 ? 0 : 1);
         break;
     case Kind::OptionButton:
         if (code == BN_CLICKED) control.userSetValue(1);
@@ -367,15 +388,24 @@ bool Win32Renderer::FormWindow::handleControlMessage(UINT message, WPARAM wParam
         reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = kCheckListRowHeight;
         result = TRUE;
         return true;
-    case WM_DRAWITEM: {
-        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        const auto found = controlOf.find(item.hwndItem);
-        if (found == controlOf.end()) return false;
-        drawCheckListRow(item, *found->second);
+    case WM_DRAWITEM:
+        drawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         result = TRUE;
         return true;
-    }
     default: return false;
+    }
+}
+
+void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
+    const auto found = controlOf.find(item.hwndItem);
+    if (found == controlOf.end()) return;
+    const Control& control = *found->second;
+    switch (control.kind()) {
+    case Kind::CheckList: drawCheckListRow(item, control); break;
+    case Kind::FlatCheck: drawFlatCheck(item, control, fonts); break;
+    case Kind::FlatButton:
+    case Kind::Image: drawFlatButton(item, control, fonts.plain); break;
+    default: break;
     }
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/form.h"
+#include "platform/win32/flat_controls.h"
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
@@ -29,7 +30,7 @@ public:
 
 private:
     HINSTANCE instance_;
-    HFONT font_ = nullptr;
+    CaptionFonts fonts_;
     std::vector<std::unique_ptr<FormWindow>> windows_;
 };
 

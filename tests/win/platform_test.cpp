@@ -167,7 +167,6 @@ TEST_F(Renderer, ClicksAndTicksReachTheModel) {
     EXPECT_EQ(clicks, 1);
     ::SendMessageA(childNamed("Check1"), BM_CLICK, 0, 0);
     EXPECT_EQ(box.value(), 1);
-    EXPECT_EQ(::SendMessageA(childNamed("Check1"), BM_GETCHECK, 0, 0), BST_CHECKED);
     button.setEnabled(false);
     ::SendMessageA(childNamed("cGo"), BM_CLICK, 0, 0);
     EXPECT_EQ(clicks, 1);
@@ -180,6 +179,62 @@ TEST_F(Renderer, ClicksAndTicksReachTheModel) {
         events.pump();
     }
     EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(Renderer, FlatCheckCaptionFollowsTheMouse) {
+    auto& box = form.add(ui::Kind::FlatCheck, "Check1", {10, 10, 150, 24}, "Tick");
+    real.attach(form);
+    form.setVisible(true);
+    HWND hwnd = childNamed("Check1");
+    ::SendMessageA(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(60, 10));  // over the caption
+    EXPECT_EQ(box.foreColour(), ui::kBlue);
+    EXPECT_TRUE(box.underlined());
+    ::SendMessageA(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(4, 10));  // over the box
+    EXPECT_EQ(box.foreColour(), ui::kBlack);
+    EXPECT_FALSE(box.underlined());
+    ::SendMessageA(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(60, 10));
+    ::SendMessageA(hwnd, WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(box.foreColour(), ui::kBlack);
+    EXPECT_FALSE(box.underlined());
+}
+
+TEST_F(Renderer, CheckListTicksAreItsRowsSelections) {
+    auto& list = form.add(ui::Kind::CheckList, "List2", {10, 10, 150, 100});
+    list.addItem("Scan DLL Files");
+    list.addItem("Scan DRV Files");
+    int clicks = 0;
+    list.onClick = [&] { ++clicks; };
+    real.attach(form);
+    form.setVisible(true);
+    HWND hwnd = childNamed("List2");
+    list.setTicked(1, true);
+    EXPECT_GT(::SendMessageA(hwnd, LB_GETSEL, 1, 0), 0);
+    ::SendMessageA(hwnd, LB_SETSEL, TRUE, 0);  // what a click on the first row does
+    ::SendMessageA(::GetParent(hwnd), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(hwnd), LBN_SELCHANGE),
+                   reinterpret_cast<LPARAM>(hwnd));
+    EXPECT_TRUE(list.ticked(0));
+    EXPECT_EQ(clicks, 1);
+    list.setItem(0, "Scan 386, SYS Files");  // new texts keep the ticks
+    EXPECT_GT(::SendMessageA(hwnd, LB_GETSEL, 0, 0), 0);
+    EXPECT_GT(::SendMessageA(hwnd, LB_GETSEL, 1, 0), 0);
+}
+
+TEST_F(Renderer, ColouredCheckBoxPaintsWithItsColours) {
+    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 150, 24}, "Scan this Folder");
+    real.attach(form);
+    HWND hwnd = childNamed("Check1");
+    HDC dc = ::GetDC(hwnd);
+    ::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                   reinterpret_cast<LPARAM>(hwnd));
+    EXPECT_EQ(::GetTextColor(dc), ::GetSysColor(COLOR_WINDOWTEXT));  // the system's own colours
+    box.setLook(ui::kWhite);
+    box.setBackColour(0x800000);
+    EXPECT_NE(::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                             reinterpret_cast<LPARAM>(hwnd)),
+              0);
+    EXPECT_EQ(::GetTextColor(dc), 0xFFFFFFu);
+    EXPECT_EQ(::GetBkColor(dc), 0x800000u);
+    ::ReleaseDC(hwnd, dc);
 }
 
 TEST_F(Renderer, QueueStatusSeesPaintAndIsAskedAtMostOnceAMillisecond) {

@@ -1,0 +1,25 @@
+// The program's flat controls drawn by the renderer: buttons as a plain face
+// with their caption, check boxes as a box and a caption that reacts to the
+// mouse. Both are owner-drawn buttons; their windows are subclassed so that the
+// mouse's movements reach the model.
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/win32/win32_base.h"
+
+namespace tv::win32 {
+
+// Fonts of the flat checks' captions: plain, and underlined under the mouse.
+struct CaptionFonts {
+    HFONT plain = nullptr;
+    HFONT underlined = nullptr;
+};
+
+void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font);
+void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts);
+
+// Hooks the control's window: mouse movement, leaving, pressing and the cursor
+// are told to `control` (userHover, downStatus, userPress).
+void followMouse(HWND window, ui::Control& control);
+
+}  // namespace tv::win32

@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+
+#include "platform/controls.h"
+#include "ui/main_window.h"
+
+namespace tv::ui {
+namespace {
+
+TEST(FlatControls, DisabledButtonIsWhiteAndGivesNoClick) {
+    Control button(Kind::FlatButton, "cGo", nullptr, {}, "Go");
+    int clicks = 0;
+    button.onClick = [&] { ++clicks; };
+    button.setEnabled(false);
+    EXPECT_EQ(button.foreColour(), kWhite);
+    button.userClick();
+    button.userPress(true);  // no pressed look either
+    EXPECT_EQ(clicks, 0);
+    button.setEnabled(true);
+    EXPECT_EQ(button.foreColour(), kBlack);
+    button.userPress(true);
+    EXPECT_EQ(button.foreColour(), kWhite);
+    button.userPress(false);
+    button.userClick();
+    EXPECT_EQ(button.foreColour(), kBlack);
+    EXPECT_EQ(clicks, 1);
+    button.downStatus();  // does nothing on a button
+    EXPECT_EQ(button.foreColour(), kBlack);
+}
+
+TEST(FlatControls, NormsTakesTheHoverLookOffEveryFlatCheckAndLeavesPlainBoxesAlone) {
+    MainWindow window;
+    window.Check8.userHover(true);
+    window.wsh.userHover(true);
+    window.avfocus.userHover(true);  // a plain check box has no hover
+    EXPECT_EQ(window.Check8.foreColour(), kBlue);
+    EXPECT_EQ(window.avfocus.foreColour(), kBlack);
+    window.norms();
+    EXPECT_EQ(window.Check8.foreColour(), kBlack);
+    EXPECT_FALSE(window.wsh.underlined());
+}
+
+TEST(FlatControls, ListsKeepTheirChoiceAndTicksAcrossEdits) {
+    Control list(Kind::CheckList, "List2", nullptr, {}, {});
+    EXPECT_EQ(list.selectedText(), "");
+    list.addItem("A");
+    list.addItem("B");
+    int clicks = 0;
+    list.onClick = [&] { ++clicks; };
+    list.userTickItem(1, true);
+    EXPECT_TRUE(list.ticked(1));
+    EXPECT_EQ(list.selectedText(), "B");
+    EXPECT_EQ(clicks, 1);
+    list.setItem(1, "C");
+    list.setItem(7, "out of range");
+    EXPECT_EQ(list.items(), (std::vector<std::string>{"A", "C"}));
+    EXPECT_TRUE(list.ticked(1));
+    list.setEnabled(false);
+    list.userTickItem(0, true);
+    EXPECT_FALSE(list.ticked(0));
+    list.clearItems();
+    EXPECT_FALSE(list.ticked(1));
+}
+
+}  // namespace
+}  // namespace tv::ui
