@@ -23,6 +23,10 @@ add_executable(TarvelonLow WIN32
 target_include_directories(TarvelonLow PRIVATE ${PROJECT_SOURCE_DIR}/packaging)
 target_link_libraries(TarvelonLow PRIVATE tarvelon_win32)
 set_target_properties(TarvelonLow PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+# The help pages lie beside the program file, as they are installed.
+add_custom_command(TARGET TarvelonLow POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E rm -rf $<TARGET_FILE_DIR:TarvelonLow>/Help
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/packaging/help $<TARGET_FILE_DIR:TarvelonLow>/Help)
 
 if(TARVELON_TESTS)
   add_subdirectory(tools)

@@ -55,6 +55,13 @@ for entry in Image7:regF Image9:appF Image11:setFq cAbout:Frame2 Image9:appF cBu
 done
 expect_eq "version on the About page" "Version: 2.0.0" "$(auto caption "$main" Label33)"
 
+# This program folder has no Help pages: the web is offered instead.
+auto click "$main" cButton6 >/dev/null
+expect_eq "missing help" \
+    "The Help file wasn't found or cannot be executed! Would you like to browse Tarvelon help on the web?" \
+    "$(auto box-text TarvelonLow)"
+auto press TarvelonLow No >/dev/null
+
 # Only DLL ticked: every DLL is scanned, nothing else, and the altered one fails.
 auto click "$main" bDLL >/dev/null
 auto click "$main" bSCAN >/dev/null
