@@ -38,6 +38,7 @@ set(TARVELON_CORE_SOURCES
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
   logging/write_log.cpp
+  regwatch/reg_class.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/application.cpp
@@ -56,6 +57,7 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_message_boxes.cpp
   platform/win32/win32_processes.cpp
   platform/win32/win32_profile_files.cpp
+  platform/win32/win32_registry.cpp
   platform/win32/pending_texts.cpp
   platform/win32/win32_renderer.cpp
   platform/win32/win32_shell.cpp

@@ -7,6 +7,7 @@
 #include "platform/message_boxes.h"
 #include "platform/processes.h"
 #include "platform/profile_files.h"
+#include "platform/registry.h"
 #include "platform/shell.h"
 
 namespace tv {
@@ -19,6 +20,7 @@ struct PlatformSet {
     Processes& processes;
     EventLoop& loop;
     ui::Renderer& renderer;
+    Registry& registry;
 };
 
 }  // namespace tv

@@ -1,5 +1,7 @@
 #include "ui/main_actions.h"
 
+#include "core/text.h"
+#include "regwatch/reg_class.h"
 #include "ui/main_window.h"
 
 namespace tv::ui {
@@ -8,6 +10,10 @@ namespace {
 constexpr int kFileNotFound = 2;   // the system's answer for a missing document
 constexpr int kNoAssociation = 31;  // no program is set up for the link
 constexpr int kLastFailure = 32;    // the system's answers up to here are failures
+
+constexpr const char* kUpdateUtilityKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Orbexa_is1";
+constexpr const char* kUpdateUtilityMissing =
+    "Tarvelon requires Orbexa (Orbexa Update Utility) to check for updates.\r\n\r\nWould you like to download Orbexa?";
 
 constexpr const char* kHelpMissing =
     "The Help file wasn't found or cannot be executed! Would you like to browse Tarvelon help on the web?";
@@ -23,6 +29,7 @@ MainActions::MainActions(AppContext& ctx, MainWindow& window, std::function<void
     window_.cButton4.onClick = window_.cButton6.onClick = [this] { openHelp(); };
     window_.cButton5.onClick = [this] { visitWebPage(); };
     window_.Label37.onClick = [this] { mailMaker(); };
+    window_.cUpdates.onClick = [this] { checkForUpdates(); };
 }
 
 void MainActions::showRegWatch() {
@@ -54,20 +61,35 @@ void MainActions::openHelp() {
     ctx_.os.boxes.show(std::string("Click on the Tarvelon page, then choose 'Online Help'.\r\n\r\n"
                                    "The Quillfen Software web page will open now: ") + kMakerWebPage,
                        kAppTitle, box::OkOnly);
-    if (!openWebPage())
+    if (!openWebPage(kMakerWebPage))
         ctx_.os.boxes.show(std::string("The link could not be executed. Please open ") + kMakerWebPage +
                                " in your web browser.",
                            kAppTitle, box::OkOnly);
 }
 
-void MainActions::visitWebPage() {
+void MainActions::visitWebPage() { visitPage(kMakerWebPage); }
+
+void MainActions::visitPage(const char* page) {
     if (ctx_.os.boxes.show("Would you like to visit the Quillfen Software web site?", kAppTitle, box::YesNo) !=
         box::Yes)
         return;
-    if (!openWebPage())
-        ctx_.os.boxes.show(std::string("The web site could not be opened. Please visit ") + kMakerWebPage +
-                               " by hand.",
+    if (!openWebPage(page))
+        ctx_.os.boxes.show(std::string("The web site could not be opened. Please visit ") + page + " by hand.",
                            kAppTitle, box::OkOnly);
+}
+
+void MainActions::checkForUpdates() {
+    RegClass reg(ctx_.os.registry);
+    reg.openRegistry(hive::LocalMachine, kUpdateUtilityKey);
+    const std::string folder = reg.getValue("Inno Setup: App Path");
+    reg.closeRegistry();
+    if (folder.empty()) {
+        if (ctx_.os.boxes.show(kUpdateUtilityMissing, kAppTitle, box::YesNo) == box::Yes) visitPage(kUpdateUtilityPage);
+        return;
+    }
+    // The word behind the program tells the utility which product to update;
+    // a utility that does not start is passed over without a word.
+    ctx_.os.processes.start(withTrailingBackslash(folder) + "Orbexa.exe Tarvelon2", show::MinimizedFocus);
 }
 
 void MainActions::mailMaker() {
@@ -78,6 +100,6 @@ void MainActions::mailMaker() {
                            kAppTitle, box::OkOnly);
 }
 
-bool MainActions::openWebPage() { return ctx_.os.shell.openDocument("Open", kMakerWebPage, {}) > kLastFailure; }
+bool MainActions::openWebPage(const char* page) { return ctx_.os.shell.openDocument("Open", page, {}) > kLastFailure; }
 
 }  // namespace tv::ui

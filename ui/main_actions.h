@@ -15,6 +15,7 @@ class MainWindow;
 // The maker's addresses.
 inline constexpr const char* kMakerWebPage = "https://www.quillfen.com/";
 inline constexpr const char* kSupportMail = "support@quillfen.com";
+inline constexpr const char* kUpdateUtilityPage = "https://www.quillfen.com/orbexa/";
 
 class MainActions {
 public:
@@ -28,9 +29,12 @@ public:
     void openHelp();      // cButton4, cButton6
     void visitWebPage();  // cButton5
     void mailMaker();     // Label37
+    // cUpdates: starts the maker's update utility, or offers its download.
+    void checkForUpdates();
 
 private:
-    bool openWebPage();  // false when the system could not open it
+    bool openWebPage(const char* page);  // false when the system could not open it
+    void visitPage(const char* page);     // asks first; says so when it cannot be opened
 
     AppContext& ctx_;
     MainWindow& window_;

@@ -15,8 +15,11 @@ struct Win32System {
     Win32MessageBoxes boxes;
     Win32Processes processes;
     Win32EventLoop loop;
+    Win32Registry registry;
 
-    PlatformSet with(ui::Renderer& renderer) { return {files, profiles, shell, boxes, processes, loop, renderer}; }
+    PlatformSet with(ui::Renderer& renderer) {
+        return {files, profiles, shell, boxes, processes, loop, renderer, registry};
+    }
 };
 
 }  // namespace tv::win32

@@ -5,6 +5,7 @@
 #include "platform/message_boxes.h"
 #include "platform/processes.h"
 #include "platform/profile_files.h"
+#include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/win32/win32_base.h"
 
@@ -43,6 +44,18 @@ public:
     std::string modulePath() const override;
     bool start(const std::string& commandLine, int showStyle) override;
     std::string versionNumbers() const override;
+};
+
+class Win32Registry final : public Registry {
+public:
+    long openKey(std::uint32_t root, const std::string& subKey, Key& key) override;
+    long enumKey(Key key, std::uint32_t index, std::string& buffer) override;
+    long enumValue(Key key, std::uint32_t index, std::string& name, std::uint32_t nameSize, std::string& data,
+                   std::uint32_t dataSize) override;
+    long queryValue(Key key, const std::string& name, std::string& buffer, std::uint32_t& type,
+                    std::uint32_t& size) override;
+    long deleteValue(Key key, const std::string& name) override;
+    long closeKey(Key key) override;
 };
 
 class Win32EventLoop final : public EventLoop {

@@ -160,6 +160,20 @@ struct RecordingHost final : ScanHost {
     }
 };
 
+// A registry in which no key can be opened.
+class NoRegistry final : public Registry {
+public:
+    static constexpr long kNotFound = 2;
+    long openKey(std::uint32_t, const std::string&, Key&) override { return kNotFound; }
+    long enumKey(Key, std::uint32_t, std::string&) override { return kNotFound; }
+    long enumValue(Key, std::uint32_t, std::string&, std::uint32_t, std::string&, std::uint32_t) override {
+        return kNotFound;
+    }
+    long queryValue(Key, const std::string&, std::string&, std::uint32_t&, std::uint32_t&) override { return kNotFound; }
+    long deleteValue(Key, const std::string&) override { return kNotFound; }
+    long closeKey(Key) override { return kNotFound; }
+};
+
 // One complete set of stand-ins.
 struct FakePlatform {
     MemoryFiles files;
@@ -169,7 +183,8 @@ struct FakePlatform {
     FixedProcesses processes;
     RecordingLoop loop;
     ui::HeadlessRenderer renderer;
-    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer}; }
+    NoRegistry registry;
+    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer, registry}; }
 };
 
 }  // namespace tv::test

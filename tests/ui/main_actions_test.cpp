@@ -85,5 +85,22 @@ TEST_F(MainActionsTest, WebPageOnlyOnYesAndMailNamesTheVersion) {
               std::string("Could not execute default mail client.\r\nPlease write to ") + kSupportMail);
 }
 
+TEST_F(MainActionsTest, UpdatesWithoutTheUtilityOfferItsDownload) {
+    os.boxes.answers = {box::No};
+    window.cUpdates.userClick();
+    EXPECT_EQ(os.boxes.shown.at(0).prompt,
+              "Tarvelon requires Orbexa (Orbexa Update Utility) to check for updates.\r\n\r\n"
+              "Would you like to download Orbexa?");
+    EXPECT_TRUE(os.shell.opened.empty());
+    os.boxes.answers = {box::Yes, box::Yes, box::Ok};
+    os.shell.openResult = 5;  // access denied
+    window.cUpdates.userClick();
+    ASSERT_EQ(os.shell.opened.size(), 1u);
+    EXPECT_EQ(os.shell.opened[0][1], kUpdateUtilityPage);
+    EXPECT_EQ(os.boxes.shown.back().prompt,
+              std::string("The web site could not be opened. Please visit ") + kUpdateUtilityPage + " by hand.");
+    EXPECT_TRUE(os.processes.started.empty());
+}
+
 }  // namespace
 }  // namespace tv::ui

@@ -36,7 +36,7 @@ protected:
     }
 
     OwnSystemShell shell;
-    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer}};
+    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer, registry}};
     ui::ScanWindow window;
     RecordingHost host;
     ScanDriver driver{ctx, window, host};

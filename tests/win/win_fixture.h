@@ -22,7 +22,7 @@ protected:
     void writeFile(const std::string& relative, const std::string& bytes);
     std::string readFile(const std::string& relative) const;
 
-    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer}; }
+    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer, registry}; }
 
     win32::Win32Files files;
     win32::Win32ProfileFiles profiles;
@@ -31,6 +31,7 @@ protected:
     FixedProcesses processes;
     RecordingLoop loop;
     ui::HeadlessRenderer renderer;
+    win32::Win32Registry registry;
 
 private:
     std::string folder_;  // ends in a backslash
