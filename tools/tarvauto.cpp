@@ -14,6 +14,7 @@
 //   tarvauto click <title> <name>            press the control named <name>
 //   tarvauto items <title> <name>            the items of a list or drop-down list, one per line
 //   tarvauto shown <title> <name>            1 when the control and its frames are visible, else 0
+//   tarvauto settle <title>                  repaint the window now; prints its client area on the screen, "W H X Y"
 //   tarvauto restore <title>                 bring a minimised window back to its normal size
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
@@ -408,6 +409,20 @@ int run(int argc, char** argv) {
         HWND list = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "list " + name);
         if (!list) return fail();
         for (const std::string& item : listItems(list)) std::printf("%s\n", item.c_str());
+        return 0;
+    }
+    if (command == "settle") {
+        HWND window = waitTopLevel(arg(1));
+        if (!window) return fail();
+        // The repaint is sent to the window's thread and done before the call returns.
+        ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        DWORD_PTR ignored = 0;
+        ::SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, g_timeoutMs, &ignored);
+        RECT area{};
+        ::GetClientRect(window, &area);
+        POINT origin{0, 0};
+        ::ClientToScreen(window, &origin);
+        std::printf("%ld %ld %ld %ld", area.right, area.bottom, origin.x, origin.y);
         return 0;
     }
     if (command == "shown") {
