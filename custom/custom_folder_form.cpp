@@ -33,6 +33,8 @@ CustomFolderForm::CustomFolderForm()
     addTypes(List4);
     List3.setVisible(false);
     List5.setVisible(false);
+    defaultButton = &Command3;
+    closesOnEscape = true;
 }
 
 }  // namespace tv::ui

@@ -49,6 +49,11 @@ public:
     std::function<bool()> onQueryUnload;
     std::function<void()> onUnload;
 
+    // The keyboard's Enter presses the focused button, or else this one.
+    Control* defaultButton = nullptr;
+    // Esc acts as the close box.
+    bool closesOnEscape = false;
+
     // Set by the renderer that shows this form.
     NativeWindow nativeWindow() const { return nativeWindow_; }
     void setNativeWindow(NativeWindow window) { nativeWindow_ = window; }

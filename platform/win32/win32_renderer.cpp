@@ -96,6 +96,7 @@ struct Win32Renderer::FormWindow {
     void setTextSoon(HWND window, const std::string& text);
     void writeTexts();
     void command(int id, int code);
+    void dialogKey(int id);
     bool handleControlMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void ticksChanged(Control& control, HWND child);
     void timer(int id);
@@ -362,6 +363,19 @@ void Win32Renderer::FormWindow::command(int id, int code) {
     }
 }
 
+// Enter and Esc, as the system's dialog handling reports them.
+void Win32Renderer::FormWindow::dialogKey(int id) {
+    if (id == IDCANCEL) {
+        if (form->closesOnEscape) form->userClose();
+        return;
+    }
+    const auto focused = controlOf.find(::GetFocus());
+    if (focused != controlOf.end() && (focused->second->kind() == Kind::FlatButton || focused->second->kind() == Kind::Image))
+        focused->second->userClick();
+    else if (form->defaultButton)
+        form->defaultButton->userClick();
+}
+
 // A click or the space bar flipped the selection of a row, which is its tick.
 void Win32Renderer::FormWindow::ticksChanged(Control& control, HWND child) {
     for (std::size_t item = 0; item < control.items().size(); ++item) {
@@ -432,7 +446,12 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
     FormWindow* window = formWindowOf(hwnd);
     if (window) {
         switch (message) {
-        case WM_COMMAND: window->command(LOWORD(wParam), HIWORD(wParam)); return 0;
+        case WM_COMMAND:
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)
+                window->dialogKey(LOWORD(wParam));
+            else
+                window->command(LOWORD(wParam), HIWORD(wParam));
+            return 0;
         case WM_TIMER:
             if (wParam == kTextTimer)
                 window->writeTexts();

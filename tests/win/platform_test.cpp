@@ -237,6 +237,32 @@ TEST_F(Renderer, ColouredCheckBoxPaintsWithItsColours) {
     ::ReleaseDC(hwnd, dc);
 }
 
+TEST_F(Renderer, EnterPressesTheFocusedButtonOrTheDefaultAndEscCloses) {
+    form.add(ui::Kind::ListBox, "List1", {10, 10, 100, 60});
+    auto& other = form.add(ui::Kind::FlatButton, "cOther", {10, 80, 80, 24}, "Other");
+    auto& save = form.add(ui::Kind::FlatButton, "cSave", {100, 80, 80, 24}, "Save");
+    int saves = 0, others = 0, closes = 0;
+    save.onClick = [&] { ++saves; };
+    other.onClick = [&] { ++others; };
+    form.onUnload = [&] { ++closes; };
+    form.defaultButton = &save;
+    real.attach(form);
+    form.setVisible(true);
+    HWND top = reinterpret_cast<HWND>(form.nativeWindow());
+    ::SetFocus(childNamed("List1"));
+    ::SendMessageA(top, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    EXPECT_EQ(saves, 1);
+    ::SetFocus(childNamed("cOther"));
+    ::SendMessageA(top, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    EXPECT_EQ(others, 1);
+    EXPECT_EQ(saves, 1);
+    ::SendMessageA(top, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+    EXPECT_EQ(closes, 0);  // only where the form says so
+    form.closesOnEscape = true;
+    ::SendMessageA(top, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+    EXPECT_EQ(closes, 1);
+}
+
 TEST_F(Renderer, QueueStatusSeesPaintAndIsAskedAtMostOnceAMillisecond) {
     real.attach(form);
     form.setVisible(true);
