@@ -143,5 +143,19 @@ TEST_F(FolderScanPageTest, FolderWithoutBaselineAsksForItsFirstScan) {
     EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 0, 0, 0, 0, 0}));
 }
 
+TEST_F(FolderScanPageTest, VanishedFolderGetsABaselineOfHeadingsAndShortArgsTickWhatTheyName) {
+    slot(1, path("gone\\"), "0,1");
+    systemBaseline();
+    page.loadf();
+    main.bFULL.userClick();
+    boxes.answers = {box::Yes};
+    host.startFirstCustom = [](const std::string&, const std::string&) {};  // the scan itself is not looked at here
+    main.Combo1.userSetValue(1);
+    const std::string baseline = readFile("Data\\1.dat");
+    EXPECT_EQ(baseline.find("=NULL*E"), std::string::npos);  // no file entries at all
+    EXPECT_NE(baseline.find("[DLL]\r\nNULL*E\r\n"), std::string::npos);
+    EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 1, 0, 0, 0, 0}));
+}
+
 }  // namespace
 }  // namespace tv::test
