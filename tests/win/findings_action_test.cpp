@@ -38,10 +38,7 @@ protected:
         writeFile("Data\\Integrity.dat", oldSystem);
         writeFile("Data\\3.dat", oldCustom);
         loadIntFile(ctx, ctx.intFile);
-        ctx.cmdLine = "/r";
-        ctx.autoLoadRun = true;
-        driver.loadUp();
-        runTimer();
+        logOnRun();
     }
     std::vector<std::string> logs() {
         std::vector<std::string> names;

@@ -63,9 +63,7 @@ TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
     writeEntry(ctx, ctx.settFile, "args", "0,0,0,0,1,0,1", "3");
     writeFile("Data\\Integrity.dat", "");
     loadIntFile(ctx, ctx.intFile);
-    ctx.cmdLine = "/r";
-    ctx.autoLoadRun = true;
-    driver.loadUp();
+    planLogOnRun();
     EXPECT_EQ(ctx.scan.customQueue, "3,");
     EXPECT_EQ(window.pb2max.caption(), "2");  // a.dll of the system, t.exe of the folder
     EXPECT_EQ(ctx.scan.wanted, (std::array<bool, 6>{true, false, false, false, false, false}));
@@ -86,10 +84,7 @@ TEST_F(ScanDriverTest, CleanLogOnRunEndsTheProgram) {
     writeEntry(ctx, ctx.settFile, "settings", "1,1,1,1,1,1,0,0", "Tarvelon");
     writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
     loadIntFile(ctx, ctx.intFile);
-    ctx.cmdLine = "/r";
-    ctx.autoLoadRun = true;
-    driver.loadUp();
-    runTimer();
+    logOnRun();
     EXPECT_TRUE(window.Label14.visible());
     EXPECT_TRUE(host.ended);
 }
@@ -120,10 +115,7 @@ TEST_F(ScanDriverTest, MissingCustomFolderJoinsWithAnEmptyTurn) {
     writeEntry(ctx, ctx.settFile, "args", "1,1,1,1,1,1,1", "1");
     writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
     loadIntFile(ctx, ctx.intFile);
-    ctx.cmdLine = "/r";
-    ctx.autoLoadRun = true;
-    driver.loadUp();
-    runTimer();
+    logOnRun();
     EXPECT_EQ(window.l_cust2.caption(), "Custom Folder 1/1");
     EXPECT_EQ(window.Label6.caption(), "1");
     EXPECT_TRUE(host.ended);  // nothing found in the folder that is not there

@@ -34,6 +34,16 @@ protected:
         ASSERT_TRUE(window.Timer1.enabled());
         window.Timer1.userTick();
     }
+    // A log-on run (/r): planned, or planned and run to its end.
+    void planLogOnRun() {
+        ctx.cmdLine = "/r";
+        ctx.autoLoadRun = true;
+        driver.loadUp();
+    }
+    void logOnRun() {
+        planLogOnRun();
+        runTimer();
+    }
 
     OwnSystemShell shell;
     AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer, registry}};
