@@ -15,7 +15,7 @@ shoot() {  # window title, picture name
     local rect
     rect=$(auto settle "$1")
     read -r width height left top <<<"$rect"
-    xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage "$SCREENSHOTS/$2.png"
+    xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage -strip "$SCREENSHOTS/$2.png"
     local colours
     colours=$(identify -format '%k' "$SCREENSHOTS/$2.png")
     [ "$colours" -gt 8 ] || fail "$2.png is nearly blank ($colours colours)"
