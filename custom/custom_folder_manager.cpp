@@ -74,51 +74,50 @@ void CustomFolderManager::list1Click() {
         form_.Check1.setEnabled(!empty);
         form_.Check2.setEnabled(!empty);
     }
-    showRow(form_.List3, form_.List2, form_.Check1);
-    showRow(form_.List5, form_.List4, form_.Check2);
+    showRow(logOn());
+    showRow(shutDown());
     form_.Label1.setCaption("Currently Selected: " + row);
     form_.List2.setEnabled(form_.Check1.value() == 1);
     form_.List4.setEnabled(form_.Check2.value() == 1);
     custLoading = false;
 }
 
-// The chosen slot's positions onto a type list and its box.
-void CustomFolderManager::showRow(const Control& args, Control& types, Control& box) {
+CustomFolderManager::Column CustomFolderManager::logOn() { return {form_.Check1, form_.List2, form_.List3}; }
+CustomFolderManager::Column CustomFolderManager::shutDown() { return {form_.Check2, form_.List4, form_.List5}; }
+
+// The chosen slot's positions onto the column's type list and box. A box set
+// here raises its click as a user's would, but only when its value changes.
+void CustomFolderManager::showRow(const Column& column) {
     const int index = form_.List1.value();
     if (index < 0) return;
-    const auto& rows = args.items();
+    const auto& rows = column.args.items();
     const auto positions = splitPositions(static_cast<std::size_t>(index) < rows.size() ? rows[index] : "");
-    for (std::size_t type = 0; type < 6; ++type) types.setTicked(type, positions[type]);
-    setBox(box, positions[6] ? 1 : 0);
+    for (std::size_t type = 0; type < 6; ++type) column.types.setTicked(type, positions[type]);
+    const int value = positions[6] ? 1 : 0;
+    if (column.box.value() == value) return;
+    column.box.setValue(value);
+    boxClick(column);
 }
 
-// A box set by the program raises its click as a user's would, but only when
-// its value changes.
-void CustomFolderManager::setBox(Control& box, int value) {
-    if (box.value() == value) return;
-    box.setValue(value);
-    if (&box == &form_.Check1) check1Click();
-    else check2Click();
-}
-
-void CustomFolderManager::check1Click() { boxClick(form_.Check1, form_.List2); }
-void CustomFolderManager::check2Click() { boxClick(form_.Check2, form_.List4); }
+void CustomFolderManager::check1Click() { boxClick(logOn()); }
+void CustomFolderManager::check2Click() { boxClick(shutDown()); }
 
 // A ticked box shows white on dark blue and opens its type list; a cleared one
 // shows red and closes it, keeping the list's ticks.
-void CustomFolderManager::boxClick(Control& box, Control& types) {
-    const bool ticked = box.value() == 1;
-    box.setLook(ticked ? kWhite : kBlack);
-    box.setBackColour(ticked ? kDarkBlue : kRed);
-    types.setEnabled(ticked);
-    if (&types == &form_.List2) list2Click();
-    else list4Click();
+void CustomFolderManager::boxClick(const Column& column) {
+    const bool ticked = column.box.value() == 1;
+    column.box.setLook(ticked ? kWhite : kBlack);
+    column.box.setBackColour(ticked ? kDarkBlue : kRed);
+    column.types.setEnabled(ticked);
+    typesClick(column);
 }
 
-void CustomFolderManager::list2Click() { typesClick(form_.List2, form_.Check1, form_.List3); }
-void CustomFolderManager::list4Click() { typesClick(form_.List4, form_.Check2, form_.List5); }
+void CustomFolderManager::list2Click() { typesClick(logOn()); }
+void CustomFolderManager::list4Click() { typesClick(shutDown()); }
 
-void CustomFolderManager::typesClick(const Control& types, const Control& box, Control& args) {
+// The column's six ticks and its box, as "1" and "0", become the slot's row of
+// its hidden list.
+void CustomFolderManager::typesClick(const Column& column) {
     if (custLoading) return;
     custDirty = 1;
     const int index = form_.List1.value();
@@ -127,9 +126,9 @@ void CustomFolderManager::typesClick(const Control& types, const Control& box, C
         return;
     }
     std::string row;
-    for (std::size_t type = 0; type < 6; ++type) row += types.ticked(type) ? "1," : "0,";
-    row += box.value() == 1 ? "1" : "0";
-    args.setItem(static_cast<std::size_t>(index), row);
+    for (std::size_t type = 0; type < 6; ++type) row += column.types.ticked(type) ? "1," : "0,";
+    row += column.box.value() == 1 ? "1" : "0";
+    column.args.setItem(static_cast<std::size_t>(index), row);
 }
 
 void CustomFolderManager::addFolder() {

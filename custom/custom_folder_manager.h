@@ -38,11 +38,20 @@ public:
     bool custLoading = false;
 
 private:
+    // A column of the form: the box, its type list, and the hidden list of the
+    // slots' positions it edits (args at log-on, args2 at Secure Shut Down).
+    struct Column {
+        Control& box;
+        Control& types;
+        Control& args;
+    };
+    Column logOn();
+    Column shutDown();
+
     void formLoad();
-    void showRow(const Control& args, Control& types, Control& box);
-    void setBox(Control& box, int value);
-    void boxClick(Control& box, Control& types);
-    void typesClick(const Control& types, const Control& box, Control& args);
+    void showRow(const Column& column);
+    void boxClick(const Column& column);
+    void typesClick(const Column& column);
 
     AppContext& ctx_;
     CustomFolderForm& form_;
