@@ -135,25 +135,25 @@ void pressButton(HWND button) {
                    MAKEWPARAM(::GetDlgCtrlID(button), BN_CLICKED), reinterpret_cast<LPARAM>(button));
 }
 
-// Asks a list box of another process, without hanging on a window that does
+// Asks a list or tree of another process, without hanging on a window that does
 // not answer.
-LRESULT askList(HWND list, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT askWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     DWORD_PTR result = 0;
-    if (!::SendMessageTimeoutW(list, message, wParam, lParam, SMTO_ABORTIFHUNG, g_timeoutMs, &result)) return LB_ERR;
+    if (!::SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, g_timeoutMs, &result)) return LB_ERR;
     return static_cast<LRESULT>(result);
 }
 
 std::vector<std::string> listItems(HWND list) {
     const bool combo = className(list) == "ComboBox";
     std::vector<std::string> items;
-    const LRESULT count = askList(list, combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
+    const LRESULT count = askWindow(list, combo ? CB_GETCOUNT : LB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
-        const LRESULT length = askList(list, combo ? CB_GETLBTEXTLEN : LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
+        const LRESULT length = askWindow(list, combo ? CB_GETLBTEXTLEN : LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
         if (length == LB_ERR) break;
         // Asked in UTF-16, which the system copies across processes as it is
         // (Wine hands a narrow request the wide text), then put in the ANSI code page.
         std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
-        askList(list, combo ? CB_GETLBTEXT : LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
+        askWindow(list, combo ? CB_GETLBTEXT : LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
         const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
         std::string text(static_cast<std::size_t>(size), '\0');
         ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
@@ -168,12 +168,12 @@ int chooseItem(HWND list, int index, bool tick) {
     const bool combo = className(list) == "ComboBox";
     LRESULT done = 0;
     if (combo)
-        done = askList(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        done = askWindow(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     else if (tick)
-        done = askList(list, LB_SETSEL, askList(list, LB_GETSEL, static_cast<WPARAM>(index), 0) <= 0,
+        done = askWindow(list, LB_SETSEL, askWindow(list, LB_GETSEL, static_cast<WPARAM>(index), 0) <= 0,
                        static_cast<LPARAM>(index));
     else
-        done = askList(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        done = askWindow(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
     if (done == LB_ERR) {
         std::fprintf(stderr, "tarvauto: no item %d\n", index);
         return fail();
@@ -226,7 +226,7 @@ std::string treeItemText(HWND tree, HTREEITEM item, const RemoteBuffer& remote) 
     std::wstring text(kChars, L'\0');
     remote.write(sizeof request, text.data(), kChars * sizeof(wchar_t));
     remote.write(0, &request, sizeof request);
-    askList(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(remote.at(0)));
+    askWindow(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(remote.at(0)));
     remote.read(sizeof request, text.data(), kChars * sizeof(wchar_t));
     char narrow[kChars * 2] = {};
     ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, narrow, sizeof narrow, nullptr, nullptr);
@@ -237,9 +237,9 @@ std::string treeItemText(HWND tree, HTREEITEM item, const RemoteBuffer& remote) 
 // `depth` 2 the grandchildren are searched as well.
 HTREEITEM findTreeItem(HWND tree, HTREEITEM parent, const std::function<bool(const std::string&)>& matches,
                        const RemoteBuffer& remote, int depth = 1) {
-    askList(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(parent));
-    for (auto child = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(parent)));
-         child; child = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(child)))) {
+    askWindow(tree, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(parent));
+    for (auto child = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, TVGN_CHILD, reinterpret_cast<LPARAM>(parent)));
+         child; child = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(child)))) {
         if (matches(treeItemText(tree, child, remote))) return child;
         if (depth > 1)
             if (HTREEITEM found = findTreeItem(tree, child, matches, remote, depth - 1)) return found;
@@ -256,7 +256,7 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
         if (className(child) == "SysTreeView32") tree = child;
     RemoteBuffer remote(dialog, sizeof(TVITEMW) + 260 * sizeof(wchar_t));
     if (!tree || !remote.valid() || folder.size() < 2) return fail();
-    auto item = reinterpret_cast<HTREEITEM>(askList(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
+    auto item = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
     const std::string drive = "(" + folder.substr(0, 2) + ")";
     item = findTreeItem(tree, item, [&](const std::string& text) { return text.find(drive) != std::string::npos; },
                         remote, 2);
@@ -272,7 +272,7 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
         std::fprintf(stderr, "tarvauto: %s is not in the folder dialog\n", folder.c_str());
         return fail();
     }
-    askList(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+    askWindow(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
     HWND ok = ::GetDlgItem(dialog, IDOK);
     if (!ok) return fail();
     pressButton(ok);

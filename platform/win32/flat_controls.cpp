@@ -52,14 +52,10 @@ void drawCaption(HDC dc, const std::string& caption, RECT area, COLORREF colour,
 
 }  // namespace
 
-void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font) {
+void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes) {
     RECT face = item.rcItem;
-    HBRUSH faceBrush = ::CreateSolidBrush(kFace);
-    HBRUSH edgeBrush = ::CreateSolidBrush(kFaceEdge);
-    ::FillRect(item.hDC, &face, faceBrush);
-    ::FrameRect(item.hDC, &face, edgeBrush);
-    ::DeleteObject(faceBrush);
-    ::DeleteObject(edgeBrush);
+    ::FillRect(item.hDC, &face, brushes.brush(kFace));
+    ::FrameRect(item.hDC, &face, brushes.brush(kFaceEdge));
     const bool pressed = (item.itemState & ODS_SELECTED) != 0;
     const COLORREF colour = pressed || !control.enabled() ? ui::kWhite : control.foreColour();
     HGDIOBJ old = ::SelectObject(item.hDC, font);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/win32/control_paint.h"
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
@@ -15,7 +16,7 @@ struct CaptionFonts {
     HFONT underlined = nullptr;
 };
 
-void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font);
+void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
 void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts);
 
 // Hooks the control's window: mouse movement, leaving, pressing and the cursor

@@ -418,7 +418,7 @@ void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
     case Kind::CheckList: drawCheckListRow(item, control); break;
     case Kind::FlatCheck: drawFlatCheck(item, control, fonts); break;
     case Kind::FlatButton:
-    case Kind::Image: drawFlatButton(item, control, fonts.plain); break;
+    case Kind::Image: drawFlatButton(item, control, fonts.plain, brushes); break;
     default: break;
     }
 }
