@@ -39,27 +39,5 @@ TEST(FlatControls, NormsTakesTheHoverLookOffEveryFlatCheckAndLeavesPlainBoxesAlo
     EXPECT_FALSE(window.wsh.underlined());
 }
 
-TEST(FlatControls, ListsKeepTheirChoiceAndTicksAcrossEdits) {
-    Control list(Kind::CheckList, "List2", nullptr, {}, {});
-    EXPECT_EQ(list.selectedText(), "");
-    list.addItem("A");
-    list.addItem("B");
-    int clicks = 0;
-    list.onClick = [&] { ++clicks; };
-    list.userTickItem(1, true);
-    EXPECT_TRUE(list.ticked(1));
-    EXPECT_EQ(list.selectedText(), "B");
-    EXPECT_EQ(clicks, 1);
-    list.setItem(1, "C");
-    list.setItem(7, "out of range");
-    EXPECT_EQ(list.items(), (std::vector<std::string>{"A", "C"}));
-    EXPECT_TRUE(list.ticked(1));
-    list.setEnabled(false);
-    list.userTickItem(0, true);
-    EXPECT_FALSE(list.ticked(0));
-    list.clearItems();
-    EXPECT_FALSE(list.ticked(1));
-}
-
 }  // namespace
 }  // namespace tv::ui

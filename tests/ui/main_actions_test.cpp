@@ -12,39 +12,12 @@ using Opened = std::array<std::string, 3>;
 class MainActionsTest : public ::testing::Test {
 protected:
     MainActionsTest() { ctx.appPath = "C:\\Tarvelon\\"; }
-    std::vector<std::string> shownPages() const {
-        std::vector<std::string> shown;
-        for (const Control* page : {&window.intF, &window.regF, &window.appF, &window.setFq, &window.settF,
-                                    &window.repF, &window.Frame2})
-            if (page->visible()) shown.push_back(page->name());
-        return shown;
-    }
 
     test::FakePlatform os;
     AppContext ctx{os.set()};
     MainWindow window;
-    int settingsLoads = 0;
-    MainActions actions{ctx, window, [this] { ++settingsLoads; }};
+    MainActions actions{ctx, window, [] {}};
 };
-
-TEST_F(MainActionsTest, EachEntryShowsItsPageAlone) {
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
-    EXPECT_EQ(window.Label33.caption(), "Version: 2.0");
-    window.Image7.userClick();
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"regF"});
-    window.Image9.userClick();
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"appF"});
-    window.Image11.userClick();
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"setFq"});
-    EXPECT_EQ(settingsLoads, 1);
-    os.processes.version = "2.4.17";
-    window.cAbout.userClick();
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
-    EXPECT_EQ(window.Label33.caption(), "Version: 2.4.17");
-    window.Image9.userClick();
-    window.cButton7.userClick();
-    EXPECT_EQ(shownPages(), std::vector<std::string>{"Frame2"});
-}
 
 TEST_F(MainActionsTest, HelpOpensTheProgramsOwnPagesAndOffersTheWebWhenTheyAreMissing) {
     window.cButton6.userClick();

@@ -16,16 +16,6 @@ protected:
     AppContext ctx{set()};
 };
 
-TEST_F(CustomSlots, NewFileHasTwentyFreeSlots) {
-    for (int slot : {1, 12, 20}) {
-        const CustomSlot record = readSlot(ctx, slot);
-        EXPECT_EQ(record.path, "NULL");
-        EXPECT_EQ(record.args, "0,0,0,0,0,0,0");
-        EXPECT_FALSE(joinsRun(record.args));
-    }
-    EXPECT_EQ(readSlot(ctx, 21).path, "");
-}
-
 TEST_F(CustomSlots, LastCharacterDecidesJoiningAndPositionsTheGroups) {
     writeEntry(ctx, ctx.settFile, "path", "C:\\TOOLS\\", "12");
     writeEntry(ctx, ctx.settFile, "args", "1,0,0,0,0,0,1", "12");

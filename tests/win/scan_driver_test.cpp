@@ -27,16 +27,6 @@ TEST_F(ScanDriverTest, FirstRunYesBuildsAndFillsTheBaseline) {
     EXPECT_TRUE(window.List1.items().empty());
 }
 
-TEST_F(ScanDriverTest, FirstRunNoLeavesNoFile) {
-    boxes.answers = {box::No, box::Ok};
-    checkIntFile(ctx, host);
-    EXPECT_EQ(boxes.shown[1].prompt,
-              "You have chosen not to do a full scan at this time.  You need to run the full scan before using "
-              "the Integrity Checker.");
-    EXPECT_FALSE(files.canRead(ctx.intFile));
-    EXPECT_TRUE(host.captions.empty());
-}
-
 TEST_F(ScanDriverTest, RefusedBackupIsDeletedAndTheProgramStartsAnew) {
     writeFile("Data\\Integrity.bak", "[DLL]\r\nNULL*E\r\n");
     boxes.answers = {box::No, box::Ok};

@@ -14,14 +14,6 @@ protected:
     AppContext ctx{set()};
 };
 
-TEST_F(SettingsFile, NewFileIsWrittenByteForByte) {
-    ASSERT_TRUE(checkSettFile(ctx));
-    EXPECT_EQ(readFile("Tarvelon.dat"), newSettingsFileText());
-    EXPECT_EQ(getSetting(ctx, "ADV"), "65536,500,0");
-    EXPECT_EQ(readIni(ctx, ctx.settFile, "path", 20), "NULL");
-    EXPECT_EQ(readIni(ctx, ctx.settFile, "args2", "7"), "0,0,0,0,0,0,0");
-}
-
 TEST_F(SettingsFile, ExistingFileIsLeftAlone) {
     writeFile("Tarvelon.dat", "[Tarvelon]\r\nalgo=md5");
     ASSERT_TRUE(checkSettFile(ctx));
