@@ -87,7 +87,8 @@ int main(int argc, char** argv) {
     shell.system = logOn ? folder : program;
     AnsweringBoxes boxes;
     tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
-    tv::AppContext ctx({system.files, system.profiles, shell, boxes, system.processes, system.loop, renderer, system.registry});
+    tv::AppContext ctx({system.files, system.profiles, shell, boxes, system.processes, system.loop, renderer,
+                        system.registry, system.clock, system.windows, system.power, system.shortcuts});
     ctx.appPath = program;
     ctx.settFile = ctx.appPath + "Data\\Tarvelon.dat";
     ctx.intFile = ctx.appPath + "Data\\Integrity.dat";

@@ -1,5 +1,6 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
+  appwatch/appwatch_page.cpp
   avshell/scanner_launch.cpp
   core/baseline_block.cpp
   core/baseline_text.cpp
@@ -32,25 +33,33 @@ set(TARVELON_CORE_SOURCES
   integrity/compare_pass.cpp
   integrity/custom_baseline.cpp
   integrity/findings_action.cpp
+  integrity/folder_scan_actions.cpp
+  integrity/folder_scan_page.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
   integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
+  logging/log_browser_page.cpp
   logging/write_log.cpp
   regwatch/reg_class.cpp
+  regwatch/regwatch_page.cpp
   platform/controls.cpp
   platform/form.cpp
+  ui/about_page.cpp
+  ui/advanced_page.cpp
   ui/application.cpp
-  ui/folder_scan_page.cpp
   ui/load_settings.cpp
   ui/main_actions.cpp
   ui/main_window.cpp
+  ui/options_page.cpp
+  ui/settings_page.cpp
   ui/startup_folder.cpp
 )
 
 set(TARVELON_WIN32_SOURCES
   platform/win32/control_paint.cpp
+  platform/win32/win32_clock.cpp
   platform/win32/flat_controls.cpp
   platform/win32/win32_event_loop.cpp
   platform/win32/win32_files.cpp
@@ -59,8 +68,12 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_profile_files.cpp
   platform/win32/win32_registry.cpp
   platform/win32/pending_texts.cpp
+  platform/win32/pictures.cpp
   platform/win32/win32_renderer.cpp
+  platform/win32/win32_power.cpp
   platform/win32/win32_shell.cpp
+  platform/win32/win32_shortcuts.cpp
+  platform/win32/win32_top_windows.cpp
 )
 
 # The checksum code is tuned for processors in general: tuning for one family

@@ -1,14 +1,18 @@
 // The platform interfaces one run works with, handed to every handler.
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/form.h"
 #include "platform/message_boxes.h"
+#include "platform/power.h"
 #include "platform/processes.h"
 #include "platform/profile_files.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
+#include "platform/shortcuts.h"
+#include "platform/top_windows.h"
 
 namespace tv {
 
@@ -21,6 +25,10 @@ struct PlatformSet {
     EventLoop& loop;
     ui::Renderer& renderer;
     Registry& registry;
+    Clock& clock;
+    TopWindows& windows;
+    Power& power;
+    Shortcuts& shortcuts;
 };
 
 }  // namespace tv

@@ -34,7 +34,7 @@ std::string fileFields(std::string rest) {
 }  // namespace
 
 std::string logFileName(const AppContext& ctx) {
-    const Shell::DateTimeText now = ctx.os.shell.localDateTime();
+    const Clock::DateTimeText now = ctx.os.clock.localDateTime();
     return ctx.appPath + "Data\\Log\\" + dateText(now.date) + "(" + timeText(now.time) + ").log";
 }
 

@@ -5,7 +5,8 @@ namespace tv::ui {
 Control::Control(Kind kind, std::string name, Control* parent, Bounds bounds, std::string caption)
     : kind_(kind), name_(std::move(name)), parent_(parent), bounds_(bounds),
       caption_(std::move(caption)) {
-    if (kind_ == Kind::ListBox || kind_ == Kind::CheckList || kind_ == Kind::ComboBox) value_ = -1;
+    if (kind_ == Kind::ListBox || kind_ == Kind::CheckList || kind_ == Kind::ComboBox || kind_ == Kind::TreeView)
+        value_ = -1;
 }
 
 void Control::changed(Prop what) {
@@ -56,6 +57,27 @@ void Control::setValue(int value) {
     if (value == value_) return;
     value_ = value;
     changed(kind_ == Kind::Timer ? Prop::Interval : Prop::Value);
+    if (kind_ == Kind::OptionButton && value_ == 1 && group_)
+        for (Control* other : *group_)
+            if (other != this) other->setValue(0);
+}
+
+void Control::setMaximum(int maximum) {
+    if (maximum == maximum_) return;
+    maximum_ = maximum;
+    changed(Prop::Range);
+}
+
+void Control::setToolTip(std::string text) {
+    if (text == toolTip_) return;
+    toolTip_ = std::move(text);
+    changed(Prop::ToolTip);
+}
+
+void Control::setPicture(std::string name) {
+    if (name == picture_) return;
+    picture_ = std::move(name);
+    changed(Prop::Picture);
 }
 
 void Control::setLook(std::uint32_t foreColour, bool underlined) {
@@ -99,6 +121,78 @@ void Control::setTicked(std::size_t item, bool ticked) {
     if (item >= ticks_.size() || ticks_[item] == ticked) return;
     ticks_[item] = ticked;
     changed(Prop::Ticks);
+}
+
+bool Control::addNode(const std::string& parentKey, std::string key, std::string text) {
+    std::size_t parent = kNoNode;
+    if (!parentKey.empty()) {
+        parent = nodeIndex(parentKey);
+        if (parent == kNoNode) return false;
+    }
+    if (!nodeByKey_.emplace(key, nodes_.size()).second) return false;
+    nodes_.push_back({std::move(key), std::move(text), parent, 0});
+    if (parent != kNoNode) ++nodes_[parent].children;
+    changed(Prop::NodeAdded);
+    return true;
+}
+
+void Control::clearNodes() {
+    nodes_.clear();
+    nodeByKey_.clear();
+    value_ = -1;
+    changed(Prop::Nodes);
+}
+
+std::size_t Control::nodeIndex(const std::string& key) const {
+    const auto found = nodeByKey_.find(key);
+    return found == nodeByKey_.end() ? kNoNode : found->second;
+}
+
+std::string Control::fullPath(std::size_t node) const {
+    if (node >= nodes_.size()) return {};
+    std::string path = nodes_[node].text;
+    for (std::size_t up = nodes_[node].parent; up != kNoNode; up = nodes_[up].parent)
+        path = nodes_[up].text + "\\" + path;
+    return path;
+}
+
+std::size_t Control::selectedNode() const {
+    return value_ >= 0 && static_cast<std::size_t>(value_) < nodes_.size() ? static_cast<std::size_t>(value_)
+                                                                           : kNoNode;
+}
+
+void Control::userSelectNode(std::size_t node) {
+    if (!enabled_ || node >= nodes_.size()) return;
+    setValue(static_cast<int>(node));
+    if (onNodeClick) onNodeClick();
+}
+
+void Control::userExpandNode(std::size_t node, bool expanded) {
+    if (enabled_ && node < nodes_.size() && onExpand) onExpand(node, expanded);
+}
+
+void Control::userDoubleClick() {
+    if (enabled_ && onDoubleClick) onDoubleClick();
+}
+
+void Control::userKeyDown(int keyCode) {
+    if (enabled_ && onKeyDown) onKeyDown(keyCode);
+}
+
+void Control::userKeyUp(int keyCode) {
+    if (enabled_ && onKeyUp) onKeyUp(keyCode);
+}
+
+void Control::userMouseMove() {
+    if (enabled_ && onMouseMove) onMouseMove();
+}
+
+void Control::userMouseDown() {
+    if (enabled_ && onMouseDown) onMouseDown();
+}
+
+void Control::userMouseUp() {
+    if (enabled_ && onMouseUp) onMouseUp();
 }
 
 void Control::userTickItem(std::size_t item, bool ticked) {

@@ -6,10 +6,12 @@
 // key does: they change state where the user would and raise the event.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tv::ui {
@@ -17,13 +19,17 @@ namespace tv::ui {
 enum class Kind {
     Label, FlatButton, FlatCheck, CheckBox, OptionButton, TextBox, ListBox,
     CheckList,  // a list whose items each carry a tick
-    ComboBox, ProgressBar, Frame, Image, Timer
+    ComboBox, TreeView, ProgressBar, Frame, Image, Timer
 };
 
 // What changed, for the renderer.
 // ItemAdded: one item was appended (the last); Items: the list was replaced;
-// Ticks: the ticks of a check list changed.
-enum class Prop { Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Ticks, Bounds, Interval };
+// Ticks: the ticks of a check list changed. NodeAdded: one node was added (the
+// last); Nodes: the tree was emptied. Range: a progress bar's maximum.
+enum class Prop {
+    Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Ticks, Bounds, Interval,
+    Nodes, NodeAdded, ToolTip, Picture, Range
+};
 
 struct Bounds {
     int left = 0, top = 0, width = 0, height = 0;  // pixels at 96 DPI, inside the parent
@@ -33,6 +39,23 @@ inline constexpr std::uint32_t kBlack = 0x000000;
 inline constexpr std::uint32_t kWhite = 0xFFFFFF;
 inline constexpr std::uint32_t kBlue = 0xFF0000;  // 0xBBGGRR
 inline constexpr std::uint32_t kSystemColour = 0xFFFFFFFF;  // the system's own background
+
+inline constexpr std::size_t kNoNode = static_cast<std::size_t>(-1);
+
+// A node of a tree view. Nodes keep the order in which they were added, which
+// is their index; a node is found again by its key, which no two nodes share.
+struct TreeNode {
+    std::string key;
+    std::string text;
+    std::size_t parent = kNoNode;  // a root has none
+    std::size_t children = 0;
+};
+
+// Key codes of the keyboard, as the system numbers them.
+namespace key {
+inline constexpr int Shift = 16;
+inline constexpr int Delete = 46;
+}  // namespace key
 
 class Control;
 using ChangeSink = std::function<void(Control&, Prop)>;
@@ -62,16 +85,30 @@ public:
     // A flat button shows its caption white while disabled, black while enabled.
     void setEnabled(bool enabled);
 
-    // Check state (0 or 1), option state, progress position, timer interval, or
-    // list selection (-1 for none), by kind.
+    // Check state (0 or 1), option state, progress position, timer interval,
+    // list selection or tree selection (-1 for none), by kind. An option
+    // button that is set clears the other options of its group.
     int value() const { return value_; }
     void setValue(int value);
+
+    // A progress bar's maximum; its minimum is 0.
+    int maximum() const { return maximum_; }
+    void setMaximum(int maximum);
 
     std::uint32_t foreColour() const { return foreColour_; }
     bool underlined() const { return underlined_; }
     void setLook(std::uint32_t foreColour, bool underlined = false);
     std::uint32_t backColour() const { return backColour_; }
     void setBackColour(std::uint32_t colour);
+
+    // The text shown while the mouse rests on the control.
+    const std::string& toolTip() const { return toolTip_; }
+    void setToolTip(std::string text);
+
+    // The picture an image shows, by its name; an image without one is drawn
+    // as a flat button with its caption.
+    const std::string& picture() const { return picture_; }
+    void setPicture(std::string name);
 
     // List and combo items.
     const std::vector<std::string>& items() const { return items_; }
@@ -85,12 +122,32 @@ public:
     bool ticked(std::size_t item) const { return item < ticks_.size() && ticks_[item]; }
     void setTicked(std::size_t item, bool ticked);
 
+    // Tree nodes. A node goes under the node keyed `parentKey`, or to the roots
+    // when that is empty; false, and nothing added, when its key is taken or
+    // the parent is unknown. Look-ups by key take constant time.
+    const std::vector<TreeNode>& nodes() const { return nodes_; }
+    bool addNode(const std::string& parentKey, std::string key, std::string text);
+    void clearNodes();
+    std::size_t nodeIndex(const std::string& key) const;  // kNoNode when absent
+    // The texts from the node's root down to the node, joined by backslashes.
+    std::string fullPath(std::size_t node) const;
+    // The chosen node; kNoNode when none is.
+    std::size_t selectedNode() const;
+
     // What the user does.
     void userClick();
     void userSetValue(int value);  // a box ticked, an option chosen, an item picked
     void userEditText(std::string text);
     void userTick();               // a timer's interval has passed
     void userTickItem(std::size_t item, bool ticked);  // a check list's box clicked
+    void userSelectNode(std::size_t node);              // a tree node clicked
+    void userExpandNode(std::size_t node, bool expanded);  // a node opened or closed
+    void userDoubleClick();
+    void userKeyDown(int keyCode);
+    void userKeyUp(int keyCode);
+    void userMouseMove();
+    void userMouseDown();
+    void userMouseUp();
 
     // The flat controls' look under the mouse. A flat check's caption turns blue
     // and underlined while the mouse is over it, and black again over its box;
@@ -103,8 +160,18 @@ public:
     std::function<void()> onClick;
     std::function<void()> onChange;  // a user edit of text or selection
     std::function<void()> onTick;
+    std::function<void()> onNodeClick;
+    std::function<void(std::size_t node, bool expanded)> onExpand;
+    std::function<void()> onDoubleClick;
+    std::function<void(int keyCode)> onKeyDown;
+    std::function<void(int keyCode)> onKeyUp;
+    std::function<void()> onMouseMove;
+    std::function<void()> onMouseDown;
+    std::function<void()> onMouseUp;
 
     void setSink(ChangeSink sink) { sink_ = std::move(sink); }
+    // The option buttons that exclude one another; set by the form.
+    void joinGroup(std::shared_ptr<std::vector<Control*>> group) { group_ = std::move(group); }
 
 private:
     void changed(Prop what);
@@ -117,12 +184,18 @@ private:
     bool visible_ = true;
     bool enabled_ = true;
     int value_ = 0;
+    int maximum_ = 100;
     int tabIndex_ = 0;
     std::uint32_t foreColour_ = kBlack;
     std::uint32_t backColour_ = kSystemColour;
     bool underlined_ = false;
+    std::string toolTip_;
+    std::string picture_;
     std::vector<std::string> items_;
     std::vector<bool> ticks_;
+    std::vector<TreeNode> nodes_;
+    std::unordered_map<std::string, std::size_t> nodeByKey_;
+    std::shared_ptr<std::vector<Control*>> group_;
     ChangeSink sink_;
 };
 

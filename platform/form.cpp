@@ -34,7 +34,25 @@ Control& Form::add(Kind kind, std::string name, Bounds bounds, std::string capti
         std::make_unique<Control>(kind, std::move(name), parent, bounds, std::move(caption)));
     Control& control = *controls_.back();
     control.setTabIndex(static_cast<int>(controls_.size()));
+    if (kind == Kind::OptionButton) {
+        auto& group = optionGroups_[parent];
+        if (!group) group = std::make_shared<std::vector<Control*>>();
+        group->push_back(&control);
+        control.joinGroup(group);
+    }
     return control;
+}
+
+void Form::userKeyDown(int keyCode) {
+    if (onKeyDown) onKeyDown(keyCode);
+}
+
+void Form::userKeyUp(int keyCode) {
+    if (onKeyUp) onKeyUp(keyCode);
+}
+
+void Form::userMouseMove() {
+    if (onMouseMove) onMouseMove();
 }
 
 Control* Form::find(const std::string& name) const {

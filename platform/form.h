@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,7 +34,8 @@ public:
     bool minimised() const { return minimised_; }
     void setMinimised(bool minimised);
 
-    // Adds a control; its tab position follows the order of adding.
+    // Adds a control; its tab position follows the order of adding. Option
+    // buttons with the same parent form one group, of which one at most is set.
     Control& add(Kind kind, std::string name, Bounds bounds, std::string caption = {},
                  Control* parent = nullptr);
 
@@ -48,6 +50,15 @@ public:
 
     std::function<bool()> onQueryUnload;
     std::function<void()> onUnload;
+
+    // Keys pressed and released anywhere on the form, and the mouse moving
+    // over the form itself (not over one of its controls).
+    void userKeyDown(int keyCode);
+    void userKeyUp(int keyCode);
+    void userMouseMove();
+    std::function<void(int keyCode)> onKeyDown;
+    std::function<void(int keyCode)> onKeyUp;
+    std::function<void()> onMouseMove;
 
     // The keyboard's Enter presses the focused button, or else this one.
     Control* defaultButton = nullptr;
@@ -68,6 +79,7 @@ private:
     bool visible_ = false;
     bool minimised_ = false;
     std::vector<std::unique_ptr<Control>> controls_;
+    std::map<const Control*, std::shared_ptr<std::vector<Control*>>> optionGroups_;  // by parent
     NativeWindow nativeWindow_ = 0;
     std::function<void(Form&, FormProp)> sink_;
 };

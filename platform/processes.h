@@ -28,6 +28,9 @@ public:
     // window style `showStyle`, and does not wait for it. False when it cannot start.
     virtual bool start(const std::string& commandLine, int showStyle) = 0;
 
+    // True when another process runs this same program file (by its name).
+    virtual bool anotherInstanceRunning() const = 0;
+
     // The first three numbers of the program file's version record, as
     // "2.0.0"; empty when the file has none.
     virtual std::string versionNumbers() const = 0;

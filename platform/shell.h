@@ -1,5 +1,5 @@
-// The system's folders, short file names, the date and time in the user's
-// regional formats, the tree search and the two choice dialogs. Every call gives
+// The system's folders, short file names, the tree search and the two choice
+// dialogs. Every call gives
 // empty text where the system gives nothing; the program's own rules on top of
 // these answers live with their callers.
 #pragma once
@@ -43,14 +43,6 @@ public:
     // short name and a zero character in front of the remaining blanks, or all
     // blanks when the call fails.
     virtual std::string shortPathBuffer(const std::string& path, std::size_t charCount) const = 0;
-
-    // The present date in the user's short date format and the present time in
-    // the user's time format, as the system writes them.
-    struct DateTimeText {
-        std::string date;
-        std::string time;
-    };
-    virtual DateTimeText localDateTime() const = 0;
 
     // Opens `file` (a document, a web address, a mail link) with its program,
     // from the folder `folder` (may be empty), in a normal window owned by the

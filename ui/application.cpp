@@ -10,9 +10,9 @@
 #include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
 #include "integrity/findings_action.h"
+#include "integrity/folder_scan_actions.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
-#include "ui/folder_scan_page.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -25,11 +25,13 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
     mForm1_->cButton9.onClick = [this] { unloadMainForm(); };
     actions_ = std::make_unique<MainActions>(ctx_, *mForm1_,
                                              [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); });
-    folderPage_ = std::make_unique<FolderScanPage>(ctx_, *mForm1_, *this,
-                                                   [this]() -> ScanDriver& { return scanDriver(); });
-    mForm1_->addRem.onClick = [this] { customFolderManager().show(); };
-    ctx_.autoLogging = &mForm1_->Check7;
-    ctx_.scannerFocus = &mForm1_->avfocus;
+    folderScan_ = std::make_unique<FolderScanActions>(
+        ctx_, mForm1_->folderScan, *this, [this]() -> ScanDriver& { return scanDriver(); },
+        [this] { mForm1_->norms2(); });
+    mForm1_->Image5.onClick = [this] { folderScan_->enter(); };
+    mForm1_->folderScan.addRem.onClick = [this] { customFolderManager().show(); };
+    ctx_.autoLogging = &mForm1_->settings.Check7;
+    ctx_.scannerFocus = &mForm1_->advanced.avfocus;
 }
 
 Application::~Application() = default;
@@ -60,7 +62,7 @@ ScanDriver& Application::scanDriver() {
 CustomFolderForm& Application::customFolders() {
     if (!iCust_) {
         iCust_ = std::make_unique<CustomFolderForm>();
-        custManager_ = std::make_unique<CustomFolderManager>(ctx_, *iCust_, [this] { folderPage_->loadf(); });
+        custManager_ = std::make_unique<CustomFolderManager>(ctx_, *iCust_, [this] { folderScan_->loadf(); });
         ctx_.os.renderer.attach(*iCust_);
     }
     return *iCust_;
@@ -81,7 +83,7 @@ void Application::startScanWindow() {
 }
 
 void Application::startFirstCustomScan(const std::string& folder, const std::string& datFile) {
-    const Control& combo = mForm1_->Combo1;
+    const Control& combo = mForm1_->folderScan.Combo1;
     scanDriver().firstCustomScan(folder, datFile, {combo.selectedText(), combo.value()});
 }
 

@@ -11,6 +11,7 @@
 namespace tv {
 class ScanDriver;
 class FindingsAction;
+class FolderScanActions;
 }
 
 namespace tv::ui {
@@ -19,7 +20,6 @@ class CustomFolderForm;
 class CustomFolderManager;
 class MainWindow;
 class MainActions;
-class FolderScanPage;
 class ScannerChoiceForm;
 class ScanWindow;
 
@@ -74,7 +74,7 @@ private:
     AppContext ctx_;
     std::unique_ptr<MainWindow> mForm1_;
     std::unique_ptr<MainActions> actions_;
-    std::unique_ptr<FolderScanPage> folderPage_;
+    std::unique_ptr<FolderScanActions> folderScan_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;

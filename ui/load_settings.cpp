@@ -50,21 +50,15 @@ void applyScanner(const std::optional<std::string>& setting, Control& program, C
 }  // namespace
 
 bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners) {
-    main.Check1.setValue(fileThere(ctx, autoLoadShortcutPath(ctx)) ? 1 : 0);
+    const SettingsPage& page = main.settings;
+    const AdvancedPage& advancedPage = main.advanced;
+    page.Check1.setValue(fileThere(ctx, autoLoadShortcutPath(ctx)) ? 1 : 0);
 
     const auto settings = getSetting(ctx, "GETSETT");
-    if (!settings || !applyList<8>(*settings,
-                                   {&main.Check2, &main.Check3, &main.Check4, &main.Check5,
-                                    &main.Check6, &main.Check9, &main.Check8, &main.Check7},
-                                   applyFlag))
-        return false;
+    if (!settings || !applyList(*settings, page.logOnBoxes(), applyFlag)) return false;
 
     const auto settings2 = getSetting(ctx, "GETSETT2");
-    if (!settings2 || !applyList<6>(*settings2,
-                                    {&main.Check15, &main.Check14, &main.Check13, &main.Check12,
-                                     &main.Check16, &main.Check17},
-                                    applyFlag))
-        return false;
+    if (!settings2 || !applyList(*settings2, page.shutDownBoxes(), applyFlag)) return false;
 
     const auto advanced = getSetting(ctx, "ADV");
     if (!advanced) return false;
@@ -82,18 +76,18 @@ bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners
         }
     }
 
-    ctx.autoScanFailed = main.Check8.value() == 1;
+    ctx.autoScanFailed = page.Check8.value() == 1;
 
     applyScanner(getSetting(ctx, "ANTIVIRUS"), scanners.Text5, scanners.Text6);
     applyScanner(getSetting(ctx, "AV2"), scanners.Text1, scanners.Text2);
 
     const auto scannerOptions = getSetting(ctx, "ANTIVIRUS2");
     if (!scannerOptions ||
-        !applyList<3>(*scannerOptions, {&main.Check10, &main.Check11, &main.avfocus}, applyBoxState))
+        !applyList<3>(*scannerOptions, {&advancedPage.Check10, &advancedPage.Check11, &advancedPage.avfocus}, applyBoxState))
         return false;
 
-    ctx.quoteChar = main.Check10.value() != 0 ? "\"" : "";
-    ctx.shortPaths = main.Check11.value() != 0;
+    ctx.quoteChar = advancedPage.Check10.value() != 0 ? "\"" : "";
+    ctx.shortPaths = advancedPage.Check11.value() != 0;
 
     const auto algo = getSetting(ctx, "ALGO");
     if (!algo) return false;

@@ -25,11 +25,11 @@ MainActions::MainActions(AppContext& ctx, MainWindow& window, std::function<void
     window_.Image7.onClick = [this] { showRegWatch(); };
     window_.Image9.onClick = [this] { showAppWatch(); };
     window_.Image11.onClick = [this] { showOptions(); };
-    window_.cAbout.onClick = window_.cButton7.onClick = [this] { showAbout(); };
-    window_.cButton4.onClick = window_.cButton6.onClick = [this] { openHelp(); };
-    window_.cButton5.onClick = [this] { visitWebPage(); };
-    window_.Label37.onClick = [this] { mailMaker(); };
-    window_.cUpdates.onClick = [this] { checkForUpdates(); };
+    window_.options.cAbout.onClick = window_.cButton7.onClick = [this] { showAbout(); };
+    window_.about.cButton4.onClick = window_.cButton6.onClick = [this] { openHelp(); };
+    window_.about.cButton5.onClick = [this] { visitWebPage(); };
+    window_.about.Label37.onClick = [this] { mailMaker(); };
+    window_.options.cUpdates.onClick = [this] { checkForUpdates(); };
 }
 
 void MainActions::showRegWatch() {
@@ -50,7 +50,7 @@ void MainActions::showOptions() {
 
 void MainActions::showAbout() {
     window_.norms2();
-    window_.Label33.setCaption("Version: " + ctx_.os.processes.versionNumbers());
+    window_.about.Label33.setCaption("Version: " + ctx_.os.processes.versionNumbers());
     window_.Frame2.setVisible(true);
 }
 

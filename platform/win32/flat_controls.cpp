@@ -6,35 +6,59 @@ namespace tv::win32 {
 namespace {
 
 constexpr const char* kControlProperty = "TarvelonControl";
+constexpr const char* kFormProperty = "TarvelonForm";
 constexpr const char* kOldProcProperty = "TarvelonOldProc";
 constexpr COLORREF kFace = RGB(126, 150, 186);     // mid steel blue: black and white captions both read
 constexpr COLORREF kFaceEdge = RGB(84, 104, 138);
 constexpr int kBoxSize = 13;
 
 ui::Control* controlOf(HWND window) { return static_cast<ui::Control*>(::GetPropA(window, kControlProperty)); }
+ui::Form* formOf(HWND window) { return static_cast<ui::Form*>(::GetPropA(window, kFormProperty)); }
+
+bool isFlat(ui::Kind kind) {
+    return kind == ui::Kind::FlatButton || kind == ui::Kind::Image || kind == ui::Kind::FlatCheck;
+}
+
+// The flat controls' own look under the mouse; false when the message is not theirs.
+bool followFlat(HWND window, ui::Control& control, UINT message, LPARAM lParam) {
+    switch (message) {
+    case WM_MOUSEMOVE: {
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window, 0};
+        ::TrackMouseEvent(&track);
+        control.userHover(static_cast<short>(LOWORD(lParam)) > kBoxSize + 2);
+        return true;
+    }
+    case WM_MOUSELEAVE: control.downStatus(); return true;
+    case WM_LBUTTONDOWN: control.userPress(true); return true;
+    case WM_LBUTTONUP: control.userPress(false); return true;
+    case WM_SETCURSOR:
+        if (control.kind() != ui::Kind::FlatCheck && control.enabled()) {
+            ::SetCursor(::LoadCursorA(nullptr, IDC_HAND));
+            return true;
+        }
+        return false;
+    default: return false;
+    }
+}
 
 LRESULT CALLBACK followingProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     ui::Control* control = controlOf(window);
+    ui::Form* form = formOf(window);
     const auto oldProc = reinterpret_cast<WNDPROC>(::GetPropA(window, kOldProcProperty));
-    if (control) {
+    if (control && form) {
+        if (isFlat(control->kind()) && followFlat(window, *control, message, lParam) && message == WM_SETCURSOR)
+            return TRUE;
         switch (message) {
-        case WM_MOUSEMOVE: {
-            TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window, 0};
-            ::TrackMouseEvent(&track);
-            control->userHover(static_cast<short>(LOWORD(lParam)) > kBoxSize + 2);
-            break;
-        }
-        case WM_MOUSELEAVE: control->downStatus(); break;
-        case WM_LBUTTONDOWN: control->userPress(true); break;
-        case WM_LBUTTONUP: control->userPress(false); break;
-        case WM_SETCURSOR:
-            if (control->kind() != ui::Kind::FlatCheck && control->enabled()) {
-                ::SetCursor(::LoadCursorA(nullptr, IDC_HAND));
-                return TRUE;
-            }
-            break;
+        case WM_MOUSEMOVE: control->userMouseMove(); break;
+        case WM_LBUTTONDOWN: control->userMouseDown(); break;
+        case WM_LBUTTONUP: control->userMouseUp(); break;
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN: form->userKeyDown(static_cast<int>(wParam)); break;
+        case WM_KEYUP:
+        case WM_SYSKEYUP: form->userKeyUp(static_cast<int>(wParam)); break;
         case WM_NCDESTROY:
             ::RemovePropA(window, kControlProperty);
+            ::RemovePropA(window, kFormProperty);
             ::RemovePropA(window, kOldProcProperty);
             ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(oldProc));
             break;
@@ -90,8 +114,9 @@ void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const
     }
 }
 
-void followMouse(HWND window, ui::Control& control) {
+void followInput(HWND window, ui::Control& control, ui::Form& form) {
     ::SetPropA(window, kControlProperty, &control);
+    ::SetPropA(window, kFormProperty, &form);
     const LONG_PTR oldProc = ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(followingProc));
     ::SetPropA(window, kOldProcProperty, reinterpret_cast<HANDLE>(oldProc));
 }

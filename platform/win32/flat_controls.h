@@ -1,10 +1,11 @@
 // The program's flat controls drawn by the renderer: buttons as a plain face
 // with their caption, check boxes as a box and a caption that reacts to the
-// mouse. Both are owner-drawn buttons; their windows are subclassed so that the
-// mouse's movements reach the model.
+// mouse. Both are owner-drawn buttons. Every control's window is subclassed so
+// that the mouse's movements and the keys reach the model.
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/form.h"
 #include "platform/win32/control_paint.h"
 #include "platform/win32/win32_base.h"
 
@@ -19,8 +20,10 @@ struct CaptionFonts {
 void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
 void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts);
 
-// Hooks the control's window: mouse movement, leaving, pressing and the cursor
-// are told to `control` (userHover, downStatus, userPress).
-void followMouse(HWND window, ui::Control& control);
+// Hooks the control's window: the mouse moving, leaving, going down and up
+// are told to `control` (userMouseMove, userMouseDown, userMouseUp, and on
+// flat controls userHover, downStatus, userPress, with the hand cursor); keys
+// going down and up are told to `form`.
+void followInput(HWND window, ui::Control& control, ui::Form& form);
 
 }  // namespace tv::win32

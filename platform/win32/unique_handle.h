@@ -56,6 +56,7 @@ struct KeyTraits {
 };
 
 using UniqueFile = UniqueHandle<FileTraits>;
+using UniqueSnapshot = UniqueHandle<FileTraits>;  // a process list, INVALID_HANDLE_VALUE when none
 using UniqueKernelObject = UniqueHandle<KernelObjectTraits>;
 using UniqueFind = UniqueHandle<FindTraits>;
 using UniqueKey = UniqueHandle<KeyTraits>;

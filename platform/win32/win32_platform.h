@@ -16,9 +16,13 @@ struct Win32System {
     Win32Processes processes;
     Win32EventLoop loop;
     Win32Registry registry;
+    Win32Clock clock;
+    Win32TopWindows windows;
+    Win32Power power;
+    Win32Shortcuts shortcuts;
 
     PlatformSet with(ui::Renderer& renderer) {
-        return {files, profiles, shell, boxes, processes, loop, renderer, registry};
+        return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
     }
 };
 

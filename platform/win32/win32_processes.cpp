@@ -4,6 +4,8 @@
 #include "platform/win32/unique_handle.h"
 #include "platform/win32/win32_system.h"
 
+#include <tlhelp32.h>
+
 namespace tv::win32 {
 
 std::string Win32Processes::commandLine() const { return ::GetCommandLineA(); }
@@ -32,6 +34,20 @@ bool Win32Processes::start(const std::string& commandLine, int showStyle) {
     UniqueKernelObject process(started.hProcess);
     UniqueKernelObject thread(started.hThread);
     return true;
+}
+
+bool Win32Processes::anotherInstanceRunning() const {
+    const std::string path = modulePath();
+    const std::string name = path.substr(path.find_last_of('\\') + 1);
+    UniqueSnapshot snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    if (!snapshot.valid()) return false;
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    const DWORD self = ::GetCurrentProcessId();
+    for (BOOL more = ::Process32First(snapshot.get(), &entry); more; more = ::Process32Next(snapshot.get(), &entry)) {
+        if (entry.th32ProcessID != self && ::lstrcmpiA(entry.szExeFile, name.c_str()) == 0) return true;
+    }
+    return false;
 }
 
 std::string Win32Processes::versionNumbers() const {

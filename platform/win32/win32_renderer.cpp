@@ -3,10 +3,14 @@
 #include <commctrl.h>
 
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "platform/win32/control_paint.h"
 #include "platform/win32/flat_controls.h"
 #include "platform/win32/pending_texts.h"
+#include "platform/win32/pictures.h"
 
 namespace tv::win32 {
 namespace {
@@ -44,6 +48,9 @@ ClassAndStyle windowKind(Kind kind) {
                     WS_VSCROLL | WS_TABSTOP,
                 WS_EX_CLIENTEDGE};
     case Kind::ComboBox: return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, 0};
+    case Kind::TreeView:
+        return {WC_TREEVIEWA, TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS | WS_TABSTOP,
+                WS_EX_CLIENTEDGE};
     case Kind::ProgressBar: return {PROGRESS_CLASSA, 0, 0};
     case Kind::Frame: return {kFrameClass, 0, WS_EX_CONTROLPARENT};
     case Kind::Timer: break;
@@ -68,6 +75,7 @@ CaptionFonts dialogFonts() {
 }
 
 bool isFlat(Kind kind) { return kind == Kind::FlatButton || kind == Kind::Image || kind == Kind::FlatCheck; }
+bool isList(Kind kind) { return kind == Kind::ListBox || kind == Kind::CheckList || kind == Kind::ComboBox; }
 
 }  // namespace
 
@@ -78,10 +86,15 @@ struct Win32Renderer::FormWindow {
     std::unordered_map<int, Control*> byId;
     std::unordered_map<const Control*, int> idOf;
     std::unordered_map<HWND, Control*> controlOf;
+    std::unordered_map<const Control*, std::vector<HTREEITEM>> treeItems;  // by node index
     ColourBrushes brushes;
     bool mirroring = false;  // set while the model writes into a window
     PendingTexts texts;       // labels' and the caption's newest texts, not yet written
+    std::unordered_set<HWND> frozen;  // lists and trees growing unseen until the next write
     bool textTimerSet = false;
+    bool selectedByMouse = false;  // a tree's selection moved under the button now going up
+    HWND toolTips = nullptr;
+    std::unordered_set<HWND> tipped;  // controls the tool tip window knows
 
     static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
@@ -94,8 +107,14 @@ struct Win32Renderer::FormWindow {
     void mirror(Control& control, Prop what);
     void mirrorForm(ui::FormProp what);
     void setTextSoon(HWND window, const std::string& text);
+    void armTextTimer();
+    void freezeWhileGrowing(HWND window);
     void writeTexts();
+    void insertNode(Control& tree, HWND window, std::size_t node);
+    void mirrorNodes(Control& tree, HWND window, Prop what);
+    void mirrorToolTip(Control& control, HWND window);
     void command(int id, int code);
+    void notify(const NMHDR& header);
     void dialogKey(int id);
     bool handleControlMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void ticksChanged(Control& control, HWND child);
@@ -216,9 +235,11 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     if (control.kind() == Kind::Frame) ::SetWindowLongPtrA(child, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
     setName(child, control.name());
-    if (isFlat(control.kind())) followMouse(child, control);
+    followInput(child, control, *form);
     mirror(control, Prop::Items);
     mirror(control, Prop::Value);
+    if (control.kind() == Kind::ProgressBar) mirror(control, Prop::Range);
+    if (!control.toolTip().empty()) mirror(control, Prop::ToolTip);
 }
 
 void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
@@ -256,17 +277,28 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         case Kind::ListBox: ::SendMessageA(child, LB_SETCURSEL, control.value(), 0); break;
         case Kind::ComboBox: ::SendMessageA(child, CB_SETCURSEL, control.value(), 0); break;
         case Kind::ProgressBar: ::SendMessageA(child, PBM_SETPOS, control.value(), 0); break;
+        case Kind::TreeView: {
+            const auto& items = treeItems[&control];
+            const std::size_t node = control.selectedNode();
+            ::SendMessageA(child, TVM_SELECTITEM, TVGN_CARET,
+                           reinterpret_cast<LPARAM>(node < items.size() ? items[node] : nullptr));
+            break;
+        }
         default: break;
         }
         break;
+    case Prop::Range: ::SendMessageA(child, PBM_SETRANGE32, 0, control.maximum()); break;
+    case Prop::Nodes:
+    case Prop::NodeAdded: mirrorNodes(control, child, what); break;
+    case Prop::ToolTip: mirrorToolTip(control, child); break;
+    case Prop::Picture: ::InvalidateRect(child, nullptr, TRUE); break;
     case Prop::Ticks:
         if (control.kind() == Kind::CheckList)
             for (std::size_t item = 0; item < control.items().size(); ++item)
                 ::SendMessageA(child, LB_SETSEL, control.ticked(item), static_cast<LPARAM>(item));
         break;
     case Prop::Items:
-        if (control.kind() == Kind::ListBox || control.kind() == Kind::CheckList ||
-            control.kind() == Kind::ComboBox) {
+        if (isList(control.kind())) {
             const bool list = control.kind() != Kind::ComboBox;
             ::SendMessageA(child, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
             for (const auto& item : control.items())
@@ -277,10 +309,11 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         }
         break;
     case Prop::ItemAdded:
-        if (control.kind() == Kind::ListBox || control.kind() == Kind::CheckList ||
-            control.kind() == Kind::ComboBox)
+        if (isList(control.kind())) {
+            if (control.kind() != Kind::ComboBox) freezeWhileGrowing(child);
             ::SendMessageA(child, control.kind() == Kind::ComboBox ? CB_ADDSTRING : LB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(control.items().back().c_str()));
+        }
         break;
     case Prop::Interval: break;
     }
@@ -308,15 +341,73 @@ void Win32Renderer::FormWindow::mirrorForm(ui::FormProp what) {
 // writes the last of them once the changes stop.
 void Win32Renderer::FormWindow::setTextSoon(HWND window, const std::string& text) {
     if (texts.set(window, text)) return writeTexts();
+    armTextTimer();
+}
+
+void Win32Renderer::FormWindow::armTextTimer() {
     if (!textTimerSet) textTimerSet = ::SetTimer(hwnd, kTextTimer, PendingTexts::kIntervalMs, nullptr) != 0;
+}
+
+// A list or tree that grows by one row at a time, as during a registry pass,
+// is drawn again with the next texts rather than for every row.
+void Win32Renderer::FormWindow::freezeWhileGrowing(HWND window) {
+    if (!frozen.insert(window).second) return;
+    ::SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+    armTextTimer();
 }
 
 void Win32Renderer::FormWindow::writeTexts() {
     mirroring = true;
     texts.flush();
+    for (HWND window : frozen) {
+        ::SendMessageA(window, WM_SETREDRAW, TRUE, 0);
+        ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    }
+    frozen.clear();
     mirroring = false;
     if (textTimerSet) ::KillTimer(hwnd, kTextTimer);
     textTimerSet = false;
+}
+
+void Win32Renderer::FormWindow::insertNode(Control& tree, HWND window, std::size_t node) {
+    auto& items = treeItems[&tree];
+    const ui::TreeNode& added = tree.nodes()[node];
+    TVINSERTSTRUCTA insert{};
+    insert.hParent = added.parent < items.size() ? items[added.parent] : TVI_ROOT;
+    insert.hInsertAfter = TVI_LAST;
+    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insert.item.pszText = const_cast<char*>(added.text.c_str());
+    insert.item.lParam = static_cast<LPARAM>(node);
+    items.resize(node + 1);
+    items[node] = reinterpret_cast<HTREEITEM>(::SendMessageA(window, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+}
+
+void Win32Renderer::FormWindow::mirrorNodes(Control& tree, HWND window, Prop what) {
+    if (what == Prop::Nodes) {
+        ::SendMessageA(window, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+        treeItems[&tree].clear();
+        for (std::size_t node = 0; node < tree.nodes().size(); ++node) insertNode(tree, window, node);
+        return;
+    }
+    freezeWhileGrowing(window);
+    insertNode(tree, window, tree.nodes().size() - 1);
+}
+
+void Win32Renderer::FormWindow::mirrorToolTip(Control& control, HWND window) {
+    if (!toolTips) {
+        toolTips = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd, nullptr,
+                                     ::GetModuleHandleA(nullptr), nullptr);
+        if (!toolTips) return;
+    }
+    TTTOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V1_SIZE;  // the size every version of the common controls knows
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = hwnd;
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
+    tool.lpszText = const_cast<char*>(control.toolTip().c_str());
+    const bool known = !tipped.insert(window).second;
+    ::SendMessageA(toolTips, known ? TTM_UPDATETIPTEXTA : TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void Win32Renderer::FormWindow::command(int id, int code) {
@@ -351,6 +442,8 @@ void Win32Renderer::FormWindow::command(int id, int code) {
     case Kind::ListBox:
         if (code == LBN_SELCHANGE)
             control.userSetValue(static_cast<int>(::SendMessageA(child, LB_GETCURSEL, 0, 0)));
+        else if (code == LBN_DBLCLK)
+            control.userDoubleClick();
         break;
     case Kind::CheckList:
         if (code == LBN_SELCHANGE) ticksChanged(control, child);
@@ -359,6 +452,42 @@ void Win32Renderer::FormWindow::command(int id, int code) {
         if (code == CBN_SELCHANGE)
             control.userSetValue(static_cast<int>(::SendMessageA(child, CB_GETCURSEL, 0, 0)));
         break;
+    default: break;
+    }
+}
+
+// A tree's selection, opening, keys and double clicks. A click on the node
+// that is already chosen counts as a node click too, as one on another does.
+void Win32Renderer::FormWindow::notify(const NMHDR& header) {
+    if (mirroring) return;
+    const auto found = controlOf.find(header.hwndFrom);
+    if (found == controlOf.end() || found->second->kind() != Kind::TreeView) return;
+    Control& tree = *found->second;
+    const auto& view = reinterpret_cast<const NMTREEVIEWA&>(header);
+    switch (header.code) {
+    case TVN_SELCHANGEDA:
+    case TVN_SELCHANGEDW:
+        selectedByMouse = view.action == TVC_BYMOUSE;
+        tree.userSelectNode(static_cast<std::size_t>(view.itemNew.lParam));
+        break;
+    case TVN_ITEMEXPANDEDA:
+    case TVN_ITEMEXPANDEDW:
+        tree.userExpandNode(static_cast<std::size_t>(view.itemNew.lParam), (view.action & TVE_EXPAND) != 0);
+        break;
+    case TVN_KEYDOWN: tree.userKeyDown(reinterpret_cast<const NMTVKEYDOWN&>(header).wVKey); break;
+    case NM_DBLCLK: tree.userDoubleClick(); break;
+    case NM_CLICK: {
+        if (std::exchange(selectedByMouse, false)) break;
+        TVHITTESTINFO hit{};
+        const DWORD where = ::GetMessagePos();
+        hit.pt = {static_cast<short>(LOWORD(where)), static_cast<short>(HIWORD(where))};
+        ::ScreenToClient(header.hwndFrom, &hit.pt);
+        const auto item = reinterpret_cast<HTREEITEM>(::SendMessageA(header.hwndFrom, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+        const std::size_t node = tree.selectedNode();
+        const auto& items = treeItems[&tree];
+        if (item && (hit.flags & TVHT_ONITEM) && node < items.size() && items[node] == item) tree.userSelectNode(node);
+        break;
+    }
     default: break;
     }
 }
@@ -417,8 +546,11 @@ void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
     switch (control.kind()) {
     case Kind::CheckList: drawCheckListRow(item, control); break;
     case Kind::FlatCheck: drawFlatCheck(item, control, fonts); break;
-    case Kind::FlatButton:
-    case Kind::Image: drawFlatButton(item, control, fonts.plain, brushes); break;
+    case Kind::Image:
+        if (!control.picture().empty() && drawPicture(item, control.picture())) break;
+        drawFlatButton(item, control, fonts.plain, brushes);
+        break;
+    case Kind::FlatButton: drawFlatButton(item, control, fonts.plain, brushes); break;
     default: break;
     }
 }
@@ -436,6 +568,7 @@ void Win32Renderer::FormWindow::forget() {
     dropName(hwnd);
     ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, 0);
     texts.clear();
+    frozen.clear();
     controlOf.clear();
     ::DestroyWindow(hwnd);
     hwnd = nullptr;
@@ -452,6 +585,7 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
             else
                 window->command(LOWORD(wParam), HIWORD(wParam));
             return 0;
+        case WM_NOTIFY: window->notify(*reinterpret_cast<const NMHDR*>(lParam)); return 0;
         case WM_TIMER:
             if (wParam == kTextTimer)
                 window->writeTexts();
@@ -459,6 +593,12 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
                 window->timer(static_cast<int>(wParam));
             return 0;
         case WM_CLOSE: window->form->userClose(); return 0;
+
+        case WM_MOUSEMOVE: window->form->userMouseMove(); break;
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN: window->form->userKeyDown(static_cast<int>(wParam)); break;
+        case WM_KEYUP:
+        case WM_SYSKEYUP: window->form->userKeyUp(static_cast<int>(wParam)); break;
         default: break;
         }
         LRESULT result = 0;
@@ -473,6 +613,10 @@ LRESULT CALLBACK Win32Renderer::FormWindow::frameProc(HWND hwnd, UINT message, W
     FormWindow* window = formWindowOf(hwnd);
     if (window && message == WM_COMMAND) {
         window->command(LOWORD(wParam), HIWORD(wParam));
+        return 0;
+    }
+    if (window && message == WM_NOTIFY) {
+        window->notify(*reinterpret_cast<const NMHDR*>(lParam));
         return 0;
     }
     LRESULT result = 0;

@@ -91,16 +91,6 @@ std::string Win32Shell::shortPathBuffer(const std::string& path, std::size_t cha
     return buffer;
 }
 
-Shell::DateTimeText Win32Shell::localDateTime() const {
-    SYSTEMTIME now;
-    ::GetLocalTime(&now);
-    char date[128] = {}, time[128] = {};
-    ::GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &now, nullptr, date, sizeof date);
-    ::GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, sizeof time);
-    return {date, time};
-}
-
-
 int Win32Shell::openDocument(const std::string& verb, const std::string& file, const std::string& folder) {
     const HINSTANCE result = ::ShellExecuteA(::GetDesktopWindow(), verb.c_str(), file.c_str(), nullptr,
                                              folder.empty() ? nullptr : folder.c_str(), SW_SHOWNORMAL);

@@ -1,12 +1,16 @@
 // The Win32 implementations of the small platform interfaces.
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/message_boxes.h"
+#include "platform/power.h"
 #include "platform/processes.h"
 #include "platform/profile_files.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
+#include "platform/shortcuts.h"
+#include "platform/top_windows.h"
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
@@ -29,7 +33,6 @@ public:
                                const std::string& filter, std::size_t bufferChars) override;
     std::string browseForFolder(const std::string& title) override;
     std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
-    DateTimeText localDateTime() const override;
     int openDocument(const std::string& verb, const std::string& file, const std::string& folder) override;
 };
 
@@ -43,7 +46,42 @@ public:
     std::string commandLine() const override;
     std::string modulePath() const override;
     bool start(const std::string& commandLine, int showStyle) override;
+    bool anotherInstanceRunning() const override;
     std::string versionNumbers() const override;
+};
+
+class Win32Clock final : public Clock {
+public:
+    double secondsSinceMidnight() const override;
+    DateTimeText localDateTime() const override;
+};
+
+class Win32TopWindows final : public TopWindows {
+public:
+    NativeWindow desktop() const override;
+    NativeWindow relative(NativeWindow window, int relation) const override;
+    std::string titleBuffer(NativeWindow window, std::size_t charCount) const override;
+    std::string classBuffer(NativeWindow window, std::size_t charCount) const override;
+    std::uint32_t processId(NativeWindow window) const override;
+    NativeWindow find(const std::optional<std::string>& className, const std::string& title) const override;
+    void bringToTop(NativeWindow window) override;
+    void askToClose(NativeWindow window) override;
+};
+
+class Win32Power final : public Power {
+public:
+    void enableShutdownPrivilege() override;
+    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override;
+    void setSystemPowerState(bool suspend, bool force) override;
+    Version version() const override;
+    void killDesktopProcess() override;
+};
+
+class Win32Shortcuts final : public Shortcuts {
+public:
+    bool makeShellLink(const std::string& linkPath, const Link& link) override;
+    bool makeScriptedShortcut(const std::string& linkPath, const std::string& description, const std::string& target,
+                              const std::optional<std::string>& arguments, int windowStyle) override;
 };
 
 class Win32Registry final : public Registry {

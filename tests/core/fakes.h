@@ -66,8 +66,6 @@ public:
     std::string browseForFolder(const std::string&) override { return {}; }
     // Every path is its own short name.
     std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
-    DateTimeText now{"3/5/2006", "3:04:07 PM"};
-    DateTimeText localDateTime() const override { return now; }
     // What was opened, as verb, file and folder; the result every opening gives.
     std::vector<std::array<std::string, 3>> opened;
     int openResult = 42;
@@ -99,6 +97,8 @@ public:
     std::string modulePath() const override { return path; }
     std::string version = "2.0.0";
     std::string versionNumbers() const override { return version; }
+    bool otherInstance = false;
+    bool anotherInstanceRunning() const override { return otherInstance; }
     bool start(const std::string& commandLine, int showStyle) override {
         if (refuse) return false;
         started.emplace_back(commandLine, showStyle);
@@ -174,6 +174,61 @@ public:
     long closeKey(Key) override { return kNotFound; }
 };
 
+// A clock that stands where the test puts it.
+class FixedClock final : public Clock {
+public:
+    double seconds = 0;
+    DateTimeText now{"3/5/2006", "3:04:07 PM"};
+    double secondsSinceMidnight() const override { return seconds; }
+    DateTimeText localDateTime() const override { return now; }
+};
+
+// A desktop without windows.
+class NoTopWindows final : public TopWindows {
+public:
+    NativeWindow desktop() const override { return 0; }
+    NativeWindow relative(NativeWindow, int) const override { return 0; }
+    std::string titleBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
+    std::string classBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
+    std::uint32_t processId(NativeWindow) const override { return 0; }
+    NativeWindow find(const std::optional<std::string>&, const std::string&) const override { return 0; }
+    void bringToTop(NativeWindow) override {}
+    void askToClose(NativeWindow) override {}
+};
+
+// Power actions are recorded, never carried out: a test never switches a machine off.
+class RecordingPower final : public Power {
+public:
+    std::vector<std::string> calls;  // "privilege", "exit <flags> <reserved>", "state <suspend> <force>", "kill desktop"
+    Version answer{2, 5};            // Windows 2000 and later
+    void enableShutdownPrivilege() override { calls.push_back("privilege"); }
+    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
+        calls.push_back("exit " + std::to_string(flags) + " " + std::to_string(reserved));
+    }
+    void setSystemPowerState(bool suspend, bool force) override {
+        calls.push_back("state " + std::to_string(suspend) + " " + std::to_string(force));
+    }
+    Version version() const override { return answer; }
+    void killDesktopProcess() override { calls.push_back("kill desktop"); }
+};
+
+// Shortcuts recorded by their path; each is made when `succeed` says so.
+class RecordingShortcuts final : public Shortcuts {
+public:
+    bool succeed = true;
+    std::vector<std::pair<std::string, Link>> links;
+    std::vector<std::pair<std::string, std::optional<std::string>>> scripted;  // path, arguments
+    bool makeShellLink(const std::string& linkPath, const Link& link) override {
+        links.emplace_back(linkPath, link);
+        return succeed;
+    }
+    bool makeScriptedShortcut(const std::string& linkPath, const std::string&, const std::string&,
+                              const std::optional<std::string>& arguments, int) override {
+        scripted.emplace_back(linkPath, arguments);
+        return succeed;
+    }
+};
+
 // One complete set of stand-ins.
 struct FakePlatform {
     MemoryFiles files;
@@ -184,7 +239,13 @@ struct FakePlatform {
     RecordingLoop loop;
     ui::HeadlessRenderer renderer;
     NoRegistry registry;
-    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer, registry}; }
+    FixedClock clock;
+    NoTopWindows windows;
+    RecordingPower power;
+    RecordingShortcuts shortcuts;
+    PlatformSet set() {
+        return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
+    }
 };
 
 }  // namespace tv::test

@@ -126,12 +126,12 @@ TEST_F(StartUp, SettingsReachControlsAndValues) {
     os.files.put("C:\\Startup\\Tarvelon.lnk", "link");
     ASSERT_TRUE(reload());
     auto& w = app.mainForm();
-    EXPECT_EQ(w.Check1.value(), 1);
-    EXPECT_EQ(w.Check2.value() * 100 + w.Check3.value() * 10 + w.Check4.value(), 101);
-    EXPECT_EQ(w.Check8.value(), 1);
-    EXPECT_EQ(w.Check7.value(), 1);
-    EXPECT_EQ(w.Check15.value() * 10 + w.Check14.value(), 1);
-    EXPECT_EQ(w.Check17.value(), 1);
+    EXPECT_EQ(w.settings.Check1.value(), 1);
+    EXPECT_EQ(w.settings.Check2.value() * 100 + w.settings.Check3.value() * 10 + w.settings.Check4.value(), 101);
+    EXPECT_EQ(w.settings.Check8.value(), 1);
+    EXPECT_EQ(w.settings.Check7.value(), 1);
+    EXPECT_EQ(w.settings.Check15.value() * 10 + w.settings.Check14.value(), 1);
+    EXPECT_EQ(w.settings.Check17.value(), 1);
     EXPECT_EQ(ctx.readBuffer, 131072);
     EXPECT_EQ(ctx.passCount, 99999);
     EXPECT_EQ(ctx.useWsh, 1);
@@ -143,19 +143,19 @@ TEST_F(StartUp, SettingsReachControlsAndValues) {
     EXPECT_EQ(s.Text2.caption(), "");
     EXPECT_EQ(ctx.quoteChar, "");
     EXPECT_TRUE(ctx.shortPaths);
-    EXPECT_EQ(w.avfocus.value(), 1);
+    EXPECT_EQ(w.advanced.avfocus.value(), 1);
     EXPECT_EQ(ctx.algoName, "SHA1");
 }
 
 TEST_F(StartUp, ShorterListsLeaveTheRestAsItWas) {
-    app.mainForm().Check7.setValue(1);
-    app.mainForm().Check17.setValue(1);
+    app.mainForm().settings.Check7.setValue(1);
+    app.mainForm().settings.Check17.setValue(1);
     settings("settings=0,1\r\nsettings2=0\r\nadvanced=262144\r\nalgo=md4\r\n");
     ctx.passCount = 50;
     ASSERT_TRUE(reload());
-    EXPECT_EQ(app.mainForm().Check3.value(), 1);
-    EXPECT_EQ(app.mainForm().Check7.value(), 1);
-    EXPECT_EQ(app.mainForm().Check17.value(), 1);
+    EXPECT_EQ(app.mainForm().settings.Check3.value(), 1);
+    EXPECT_EQ(app.mainForm().settings.Check7.value(), 1);
+    EXPECT_EQ(app.mainForm().settings.Check17.value(), 1);
     EXPECT_EQ(ctx.readBuffer, 262144);
     EXPECT_EQ(ctx.passCount, 50);
 }
@@ -163,7 +163,7 @@ TEST_F(StartUp, ShorterListsLeaveTheRestAsItWas) {
 TEST_F(StartUp, ValueThatIsNoNumberEndsTheLoadThere) {
     settings("settings=1,1,1,1,1,1,1,1\r\nadvanced=big,50,0\r\nalgo=md5\r\n");
     EXPECT_FALSE(reload());
-    EXPECT_EQ(app.mainForm().Check8.value(), 1);
+    EXPECT_EQ(app.mainForm().settings.Check8.value(), 1);
     EXPECT_FALSE(ctx.autoScanFailed);  // never reached
     EXPECT_EQ(ctx.algoName, "");
 }
@@ -177,16 +177,16 @@ TEST_F(StartUp, ScannerWithoutBarKeepsProgramAndTakesWholeTextAsArguments) {
 }
 
 TEST_F(StartUp, ShortcutGoneClearsAutoLoad) {
-    app.mainForm().Check1.setValue(1);
+    app.mainForm().settings.Check1.setValue(1);
     settings(newSettingsFileText());
     os.shell.special.erase(24);
     os.shell.special[2] = "C:\\Programs";
     os.files.put("C:\\Startup\\Tarvelon.lnk", "link");
     reload();
-    EXPECT_EQ(app.mainForm().Check1.value(), 0);
+    EXPECT_EQ(app.mainForm().settings.Check1.value(), 0);
     os.files.put("C:\\Programs\\StartUp\\Tarvelon.lnk", "link");
     reload();
-    EXPECT_EQ(app.mainForm().Check1.value(), 1);
+    EXPECT_EQ(app.mainForm().settings.Check1.value(), 1);
 }
 
 }  // namespace

@@ -29,14 +29,14 @@ TEST(FlatControls, DisabledButtonIsWhiteAndGivesNoClick) {
 
 TEST(FlatControls, NormsTakesTheHoverLookOffEveryFlatCheckAndLeavesPlainBoxesAlone) {
     MainWindow window;
-    window.Check8.userHover(true);
-    window.wsh.userHover(true);
-    window.avfocus.userHover(true);  // a plain check box has no hover
-    EXPECT_EQ(window.Check8.foreColour(), kBlue);
-    EXPECT_EQ(window.avfocus.foreColour(), kBlack);
+    window.settings.Check8.userHover(true);
+    window.advanced.wsh.userHover(true);
+    window.advanced.avfocus.userHover(true);  // a plain check box has no hover
+    EXPECT_EQ(window.settings.Check8.foreColour(), kBlue);
+    EXPECT_EQ(window.advanced.avfocus.foreColour(), kBlack);
     window.norms();
-    EXPECT_EQ(window.Check8.foreColour(), kBlack);
-    EXPECT_FALSE(window.wsh.underlined());
+    EXPECT_EQ(window.settings.Check8.foreColour(), kBlack);
+    EXPECT_FALSE(window.advanced.wsh.underlined());
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ TEST_F(MainActionsTest, HelpOpensTheProgramsOwnPagesAndOffersTheWebWhenTheyAreMi
 
     os.shell.openResult = 2;
     os.boxes.answers = {box::No};
-    window.cButton4.userClick();
+    window.about.cButton4.userClick();
     EXPECT_EQ(os.boxes.shown[0].prompt,
               "The Help file wasn't found or cannot be executed! Would you like to browse Tarvelon help on the web?");
     EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
@@ -43,31 +43,31 @@ TEST_F(MainActionsTest, HelpOpensTheProgramsOwnPagesAndOffersTheWebWhenTheyAreMi
 
 TEST_F(MainActionsTest, WebPageOnlyOnYesAndMailNamesTheVersion) {
     os.boxes.answers = {box::No, box::Yes};
-    window.cButton5.userClick();
+    window.about.cButton5.userClick();
     EXPECT_TRUE(os.shell.opened.empty());
-    window.cButton5.userClick();
+    window.about.cButton5.userClick();
     EXPECT_EQ(os.shell.opened.at(0)[1], kMakerWebPage);
     EXPECT_EQ(os.boxes.shown.size(), 2u);  // it opened: nothing more to say
 
-    window.Label37.userClick();
+    window.about.Label37.userClick();
     EXPECT_EQ(os.shell.opened.at(1)[1], std::string("mailto:") + kSupportMail + "?subject=Tarvelon(v2.0.0)");
     os.shell.openResult = 31;
     os.boxes.answers = {box::Ok};
-    window.Label37.userClick();
+    window.about.Label37.userClick();
     EXPECT_EQ(os.boxes.shown.back().prompt,
               std::string("Could not execute default mail client.\r\nPlease write to ") + kSupportMail);
 }
 
 TEST_F(MainActionsTest, UpdatesWithoutTheUtilityOfferItsDownload) {
     os.boxes.answers = {box::No};
-    window.cUpdates.userClick();
+    window.options.cUpdates.userClick();
     EXPECT_EQ(os.boxes.shown.at(0).prompt,
               "Tarvelon requires Orbexa (Orbexa Update Utility) to check for updates.\r\n\r\n"
               "Would you like to download Orbexa?");
     EXPECT_TRUE(os.shell.opened.empty());
     os.boxes.answers = {box::Yes, box::Yes, box::Ok};
     os.shell.openResult = 5;  // access denied
-    window.cUpdates.userClick();
+    window.options.cUpdates.userClick();
     ASSERT_EQ(os.shell.opened.size(), 1u);
     EXPECT_EQ(os.shell.opened[0][1], kUpdateUtilityPage);
     EXPECT_EQ(os.boxes.shown.back().prompt,

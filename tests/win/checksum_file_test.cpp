@@ -34,7 +34,7 @@ protected:
         return hash::hexText(~hash::crc32Update(0xFFFFFFFFu, p, content.size()));
     }
     ClickingLoop clicks;
-    AppContext ctx{{files, profiles, shell, boxes, processes, clicks, renderer, registry}};
+    AppContext ctx{{files, profiles, shell, boxes, processes, clicks, renderer, registry, clock, windows, power, shortcuts}};
 };
 
 TEST_F(ChecksumFile, FileOverFourGigabytesIsHashedWhole) {

@@ -1,7 +1,7 @@
 #include "core/settings_store.h"
 #include "integrity/data_file.h"
 #include "tests/win/scan_fixture.h"
-#include "ui/folder_scan_page.h"
+#include "integrity/folder_scan_actions.h"
 #include "ui/main_window.h"
 
 namespace tv::test {
@@ -25,49 +25,50 @@ protected:
     }
     std::array<int, 6> boxes6() const {
         std::array<int, 6> values{};
-        for (int group = 0; group < 6; ++group) values[group] = main.check[group]->value();
+        for (int group = 0; group < 6; ++group) values[group] = page.check[group]->value();
         return values;
     }
     std::vector<std::string> shownPages() const {
         std::vector<std::string> shown;
-        for (const ui::Control* page : {&main.intF, &main.regF, &main.appF, &main.setFq, &main.settF, &main.repF,
-                                        &main.Frame2})
-            if (page->visible()) shown.push_back(page->name());
+        for (const ui::Control* frame : {&main.intF, &main.regF, &main.appF, &main.setFq, &main.settF, &main.repF,
+                                         &main.Frame2})
+            if (frame->visible()) shown.push_back(frame->name());
         return shown;
     }
 
     int firstScans = 0;
     ui::MainWindow main;
-    ui::FolderScanPage page{ctx, main, host, [this]() -> ScanDriver& { return driver; }};
+    ui::FolderScanPage& page = main.folderScan;
+    FolderScanActions actions{ctx, page, host, [this]() -> ScanDriver& { return driver; }, [this] { main.norms2(); }};
 };
 
 TEST_F(FolderScanPageTest, FolderListKeepsNoGapsSoAnEarlierEmptySlotShiftsTheIndex) {
     slot(2, "  " + path("tools\\") + " ", "1,0,0,0,0,0,0");
     slot(5, path("more\\"), "0,0,0,0,1,0,0");
     systemBaseline();
-    main.Image5.userClick();
+    actions.enter();
     EXPECT_EQ(shownPages(), std::vector<std::string>{"intF"});
-    EXPECT_EQ(main.Combo1.items(), (std::vector<std::string>{path("sys\\"), path("tools\\"), path("more\\")}));
-    EXPECT_EQ(main.Combo1.value(), 0);
+    EXPECT_EQ(page.Combo1.items(), (std::vector<std::string>{path("sys\\"), path("tools\\"), path("more\\")}));
+    EXPECT_EQ(page.Combo1.value(), 0);
     // "tools" stands as item 1, so slot 1's data file and settings are the ones read.
     writeFile("Data\\1.dat", "");
     slot(1, "NULL", "0,0,1,0,0,1,0");
-    main.Combo1.userSetValue(1);
+    page.Combo1.userSetValue(1);
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 1, 0, 0, 1}));
-    main.Combo1.userSetValue(0);  // the system directory leaves the boxes alone
+    page.Combo1.userSetValue(0);  // the system directory leaves the boxes alone
     EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 1, 0, 0, 1}));
 }
 
 TEST_F(FolderScanPageTest, MissingBaselineRestartsTheProgramOnYesOnly) {
     writeFile("Data\\Integrity.bak", "old");
     boxes.answers = {box::No};
-    main.Image5.userClick();
+    actions.enter();
     EXPECT_TRUE(shownPages().empty());  // the bare frame
     EXPECT_EQ(boxes.shown[0].title, "Missing File");
     EXPECT_TRUE(processes.started.empty());
     boxes.answers = {box::Yes, box::Ok};
-    main.Image5.userClick();
+    actions.enter();
     EXPECT_EQ(boxes.shown[2].prompt, "Tarvelon needs to be re-started");
     EXPECT_FALSE(files.canRead(path("Data\\Integrity.bak")));
     ASSERT_EQ(processes.started.size(), 1u);
@@ -78,17 +79,17 @@ TEST_F(FolderScanPageTest, MissingBaselineRestartsTheProgramOnYesOnly) {
 TEST_F(FolderScanPageTest, ToggleButtonsSelectAllAndClear) {
     writeFile("Data\\Integrity.dat", "");
     boxes.answers = {box::Ok};
-    main.bSCAN.userClick();
+    page.bSCAN.userClick();
     EXPECT_EQ(boxes.shown.at(0).prompt, "Please select the files to scan.");
     EXPECT_FALSE(window.visible());
-    main.groupButtons[1]->userClick();
-    main.groupButtons[5]->userClick();
+    page.groupButtons[1]->userClick();
+    page.groupButtons[5]->userClick();
     EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 1, 0, 0, 0, 1}));
-    main.groupButtons[1]->userClick();
+    page.groupButtons[1]->userClick();
     EXPECT_EQ(boxes6(), (std::array<int, 6>{0, 0, 0, 0, 0, 1}));
-    main.bFULL.userClick();
+    page.bFULL.userClick();
     EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 1, 1, 1, 1, 1}));
-    main.bCLEAR.userClick();
+    page.bCLEAR.userClick();
     EXPECT_EQ(boxes6(), (std::array<int, 6>{}));
 }
 
@@ -98,10 +99,10 @@ TEST_F(FolderScanPageTest, ScanOfACustomFolderRunsOnlyThatFolder) {
     slot(1, path("tools\\"), "1,1,1,1,1,1,1");
     systemBaseline();
     writeFile("Data\\1.dat", "[DLL]\r\nt.dll=" + hash::getChecksum(ctx, path("tools\\t.dll")) + "*E\r\nNULL*E\r\n");
-    page.loadf();
-    main.Combo1.userSetValue(1);
+    actions.loadf();
+    page.Combo1.userSetValue(1);
     EXPECT_EQ(boxes6(), (std::array<int, 6>{1, 1, 1, 1, 1, 1}));
-    main.bSCAN.userClick();
+    page.bSCAN.userClick();
     EXPECT_EQ(ctx.customFolder, path("tools\\"));
     EXPECT_EQ(ctx.scan.customIndex, 1);
     EXPECT_EQ(ctx.scan.customQueue, "");
@@ -114,10 +115,10 @@ TEST_F(FolderScanPageTest, ScanOfACustomFolderRunsOnlyThatFolder) {
 TEST_F(FolderScanPageTest, RefusedFirstScanGoesBackToTheSystemDirectory) {
     slot(1, path("tools\\"), "1,0,0,0,0,0,0");
     systemBaseline();
-    page.loadf();
+    actions.loadf();
     boxes.answers = {box::No, box::Ok};
-    main.Combo1.userSetValue(1);
-    EXPECT_EQ(main.Combo1.value(), 0);
+    page.Combo1.userSetValue(1);
+    EXPECT_EQ(page.Combo1.value(), 0);
     EXPECT_FALSE(files.canRead(path("Data\\1.dat")));
     EXPECT_EQ(firstScans, 0);
 }
@@ -125,10 +126,10 @@ TEST_F(FolderScanPageTest, RefusedFirstScanGoesBackToTheSystemDirectory) {
 TEST_F(FolderScanPageTest, VanishedFolderGetsABaselineOfHeadingsAndShortArgsTickWhatTheyName) {
     slot(1, path("gone\\"), "0,1");
     systemBaseline();
-    page.loadf();
-    main.bFULL.userClick();
+    actions.loadf();
+    page.bFULL.userClick();
     boxes.answers = {box::Yes};
-    main.Combo1.userSetValue(1);
+    page.Combo1.userSetValue(1);
     const std::string baseline = readFile("Data\\1.dat");
     EXPECT_EQ(baseline.find("=NULL*E"), std::string::npos);  // no file entries at all
     EXPECT_NE(baseline.find("[DLL]\r\nNULL*E\r\n"), std::string::npos);

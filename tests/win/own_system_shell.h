@@ -32,7 +32,6 @@ struct OwnSystemShell final : Shell {
         return chosen;
     }
     std::string shortPathBuffer(const std::string& p, std::size_t n) const override { return real.shortPathBuffer(p, n); }
-    DateTimeText localDateTime() const override { return real.localDateTime(); }
     int openDocument(const std::string& v, const std::string& f, const std::string& d) override {
         return real.openDocument(v, f, d);
     }

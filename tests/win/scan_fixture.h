@@ -46,7 +46,7 @@ protected:
     }
 
     OwnSystemShell shell;
-    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer, registry}};
+    AppContext ctx{{files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts}};
     ui::ScanWindow window;
     RecordingHost host;
     ScanDriver driver{ctx, window, host};

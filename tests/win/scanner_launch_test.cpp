@@ -10,7 +10,7 @@ namespace {
 class ScannerLaunch : public WinTest {
 protected:
     win32::Win32Processes real;
-    AppContext ctx{{files, profiles, shell, boxes, real, loop, renderer, registry}};
+    AppContext ctx{{files, profiles, shell, boxes, real, loop, renderer, registry, clock, windows, power, shortcuts}};
 };
 
 // The build puts the fake scanner in tools\, beside the tests' tests\.

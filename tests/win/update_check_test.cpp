@@ -27,19 +27,19 @@ protected:
 
 TEST_F(UpdateCheck, InstalledUtilityStartsMinimisedForThisProduct) {
     installUtility("C:\\Program Files\\Orbexa");
-    window.cUpdates.userClick();
+    window.options.cUpdates.userClick();
     ASSERT_EQ(processes.started.size(), 1u);
     EXPECT_EQ(processes.started[0],
               std::make_pair(std::string("C:\\Program Files\\Orbexa\\Orbexa.exe Tarvelon2"), show::MinimizedFocus));
     EXPECT_TRUE(boxes.shown.empty());
     processes.refuse = true;  // a utility that does not start ends the action quietly
-    window.cUpdates.userClick();
+    window.options.cUpdates.userClick();
     EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(UpdateCheck, MissingUtilityIsOfferedForDownload) {
     boxes.answers = {box::No};
-    window.cUpdates.userClick();
+    window.options.cUpdates.userClick();
     ASSERT_EQ(boxes.shown.size(), 1u);
     EXPECT_EQ(boxes.shown[0].style, box::YesNo);
     EXPECT_TRUE(processes.started.empty());

@@ -22,7 +22,9 @@ protected:
     void writeFile(const std::string& relative, const std::string& bytes);
     std::string readFile(const std::string& relative) const;
 
-    PlatformSet set() { return {files, profiles, shell, boxes, processes, loop, renderer, registry}; }
+    PlatformSet set() {
+        return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
+    }
 
     win32::Win32Files files;
     win32::Win32ProfileFiles profiles;
@@ -32,6 +34,10 @@ protected:
     RecordingLoop loop;
     ui::HeadlessRenderer renderer;
     win32::Win32Registry registry;
+    win32::Win32Clock clock;
+    win32::Win32TopWindows windows;
+    RecordingPower power;
+    win32::Win32Shortcuts shortcuts;
 
 private:
     std::string folder_;  // ends in a backslash

@@ -1,4 +1,4 @@
-#include "ui/folder_scan_page.h"
+#include "integrity/folder_scan_actions.h"
 
 #include "core/file_utils.h"
 #include "core/settings_store.h"
@@ -8,10 +8,10 @@
 #include "integrity/check_int_file.h"
 #include "integrity/custom_baseline.h"
 #include "integrity/data_file.h"
+#include "integrity/folder_scan_page.h"
 #include "integrity/scan_driver.h"
-#include "ui/main_window.h"
 
-namespace tv::ui {
+namespace tv {
 namespace {
 
 constexpr const char* kMissingBaseline =
@@ -20,32 +20,31 @@ constexpr const char* kMissingBaseline =
 
 }  // namespace
 
-FolderScanPage::FolderScanPage(AppContext& ctx, MainWindow& window, ScanHost& host,
-                               std::function<ScanDriver&()> driver)
-    : ctx_(ctx), window_(window), host_(host), driver_(std::move(driver)) {
-    window_.Image5.onClick = [this] { enter(); };
-    window_.Combo1.onChange = [this] { combo1Click(); };
+FolderScanActions::FolderScanActions(AppContext& ctx, ui::FolderScanPage& page, ScanHost& host,
+                                     std::function<ScanDriver&()> driver, std::function<void()> resetPages)
+    : ctx_(ctx), page_(page), host_(host), driver_(std::move(driver)), resetPages_(std::move(resetPages)) {
+    page_.Combo1.onChange = [this] { combo1Click(); };
     for (int group = 0; group < kPassCount; ++group)
-        window_.groupButtons[group]->onClick = [this, group] { toggleGroup(group); };
-    window_.bFULL.onClick = [this] { setAllGroups(true); };
-    window_.bCLEAR.onClick = [this] { setAllGroups(false); };
-    window_.bSCAN.onClick = [this] { bScanClick(); };
+        page_.groupButtons[group]->onClick = [this, group] { toggleGroup(group); };
+    page_.bFULL.onClick = [this] { setAllGroups(true); };
+    page_.bCLEAR.onClick = [this] { setAllGroups(false); };
+    page_.bSCAN.onClick = [this] { bScanClick(); };
 }
 
-void FolderScanPage::enter() {
+void FolderScanActions::enter() {
     loadf();
-    window_.norms2();
+    resetPages_();
     if (!fileThere(ctx_, ctx_.intFile)) {
         if (ctx_.os.boxes.show(kMissingBaseline, "Missing File", box::YesNo) != box::Yes) return;
         restartWithoutBackup(ctx_, host_, backupName(ctx_.intFile));
         return;
     }
-    window_.intF.setVisible(true);
+    page_.intF.setVisible(true);
 }
 
-void FolderScanPage::loadf() {
+void FolderScanActions::loadf() {
     checkSettFile(ctx_);
-    Control& combo = window_.Combo1;
+    ui::Control& combo = page_.Combo1;
     combo.clearItems();
     combo.addItem(getSysDir(ctx_));
     for (int slot = 1; slot <= kSlotCount; ++slot) {
@@ -57,8 +56,8 @@ void FolderScanPage::loadf() {
 
 // The list index stands for the slot number: after a removal in front of a
 // folder the two part, and the folder is then read from the wrong slot.
-void FolderScanPage::combo1Click() {
-    Control& combo = window_.Combo1;
+void FolderScanActions::combo1Click() {
+    ui::Control& combo = page_.Combo1;
     const int index = combo.value();
     if (index <= 0) return;
     const std::string datFile = hash::getCustomDat(ctx_, index);
@@ -68,22 +67,22 @@ void FolderScanPage::combo1Click() {
         return;
     }
     const auto groups = wantedGroups(readSlot(ctx_, index).args);
-    for (int group = 0; group < kPassCount; ++group) window_.check[group]->setValue(groups[group] ? 1 : 0);
+    for (int group = 0; group < kPassCount; ++group) page_.check[group]->setValue(groups[group] ? 1 : 0);
 }
 
-void FolderScanPage::toggleGroup(int group) {
-    Control& box = *window_.check[group];
+void FolderScanActions::toggleGroup(int group) {
+    ui::Control& box = *page_.check[group];
     box.setValue(box.value() == 0 ? 1 : 0);
 }
 
-void FolderScanPage::setAllGroups(bool ticked) {
-    for (Control* box : window_.check) box->setValue(ticked ? 1 : 0);
+void FolderScanActions::setAllGroups(bool ticked) {
+    for (ui::Control* box : page_.check) box->setValue(ticked ? 1 : 0);
 }
 
-void FolderScanPage::bScanClick() {
+void FolderScanActions::bScanClick() {
     ScanRunState& scan = ctx_.scan;
     checkIntFile(ctx_, host_);
-    for (int group = 0; group < kPassCount; ++group) scan.wanted[group] = window_.check[group]->value() != 0;
+    for (int group = 0; group < kPassCount; ++group) scan.wanted[group] = page_.check[group]->value() != 0;
     if (scan.wanted == decltype(scan.wanted){}) {
         ctx_.os.boxes.show("Please select the files to scan.", kAppTitle, box::OkOnly);
         return;
@@ -95,7 +94,7 @@ void FolderScanPage::bScanClick() {
     ScanDriver& driver = driver_();
     driver.command1Click();
     ctx_.os.loop.pump();
-    const Control& combo = window_.Combo1;
+    const ui::Control& combo = page_.Combo1;
     if (combo.value() > 0) {
         loadCustomDat(ctx_, host_, hash::getCustomDat(ctx_, combo.value()));
         ctx_.customFolder = combo.selectedText();
@@ -105,4 +104,4 @@ void FolderScanPage::bScanClick() {
     driver.loadUp();
 }
 
-}  // namespace tv::ui
+}  // namespace tv

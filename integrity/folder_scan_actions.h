@@ -1,6 +1,6 @@
-// The main window's folder scan page (intF): the user picks the system
-// directory or a custom folder, ticks file groups and starts a scan of them by
-// hand. The page keeps nothing; its choice becomes the scan's flags.
+// What the folder scan page does: the user picks the system directory or a
+// custom folder, ticks file groups and starts a scan of them by hand. The page
+// keeps nothing; its choice becomes the scan's flags.
 #pragma once
 
 #include <functional>
@@ -8,18 +8,20 @@
 #include "core/app_context.h"
 #include "integrity/scan_host.h"
 
-namespace tv {
-class ScanDriver;
+namespace tv::ui {
+class FolderScanPage;
 }
 
-namespace tv::ui {
+namespace tv {
 
-class MainWindow;
+class ScanDriver;
 
-class FolderScanPage {
+class FolderScanActions {
 public:
-    // `driver` gives the scan window's driver, creating it on first use.
-    FolderScanPage(AppContext& ctx, MainWindow& window, ScanHost& host, std::function<ScanDriver&()> driver);
+    // `driver` gives the scan window's driver, creating it on first use;
+    // `resetPages` hides every page of the main window (norms2).
+    FolderScanActions(AppContext& ctx, ui::FolderScanPage& page, ScanHost& host, std::function<ScanDriver&()> driver,
+                      std::function<void()> resetPages);
 
     // Image5, the page's entry in the navigation column. Without a baseline of
     // the system directory the program restarts to build one, on the user's word.
@@ -35,9 +37,10 @@ public:
 
 private:
     AppContext& ctx_;
-    MainWindow& window_;
+    ui::FolderScanPage& page_;
     ScanHost& host_;
     std::function<ScanDriver&()> driver_;
+    std::function<void()> resetPages_;
 };
 
-}  // namespace tv::ui
+}  // namespace tv

@@ -1,0 +1,41 @@
+#include "platform/win32/unique_handle.h"
+#include "platform/win32/win32_system.h"
+
+namespace tv::win32 {
+namespace {
+
+constexpr DWORD kAllAccess = 0x1F0FFF;  // what the end of the desktop's process asks for
+constexpr DWORD kEnabledAndUsed = 0x80000003;  // SE_PRIVILEGE_ENABLED_BY_DEFAULT | ENABLED | USED_FOR_ACCESS
+
+}  // namespace
+
+void Win32Power::enableShutdownPrivilege() {
+    HANDLE opened = nullptr;
+    if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES, &opened)) return;
+    UniqueKernelObject token(opened);
+    TOKEN_PRIVILEGES privileges{};
+    privileges.PrivilegeCount = 1;
+    ::LookupPrivilegeValueA(nullptr, "SeShutdownPrivilege", &privileges.Privileges[0].Luid);
+    privileges.Privileges[0].Attributes = kEnabledAndUsed;
+    ::AdjustTokenPrivileges(token.get(), FALSE, &privileges, 0, nullptr, nullptr);
+}
+
+void Win32Power::exitWindows(std::uint32_t flags, std::uint32_t reserved) { ::ExitWindowsEx(flags, reserved); }
+
+void Win32Power::setSystemPowerState(bool suspend, bool force) { ::SetSystemPowerState(suspend, force); }
+
+Power::Version Win32Power::version() const {
+    OSVERSIONINFOA info{};
+    info.dwOSVersionInfoSize = sizeof info;  // 148 bytes
+    if (!::GetVersionExA(&info)) return {};
+    return {info.dwPlatformId, info.dwMajorVersion};
+}
+
+void Win32Power::killDesktopProcess() {
+    DWORD process = 0;
+    ::GetWindowThreadProcessId(::GetDesktopWindow(), &process);
+    UniqueKernelObject handle(::OpenProcess(kAllAccess, FALSE, process));
+    if (handle.valid()) ::TerminateProcess(handle.get(), 1);
+}
+
+}  // namespace tv::win32
