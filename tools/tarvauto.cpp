@@ -16,9 +16,17 @@
 //   tarvauto shown <title> <name>            1 when the control and its frames are visible, else 0
 //   tarvauto settle <title>                  repaint the window now; prints its client area on the screen, "W H X Y"
 //   tarvauto restore <title>                 bring a minimised window back to its normal size
+//   tarvauto move <title> <x> <y>            put the window's top left corner there on the screen
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
 //   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
+//   tarvauto tree <title> <name>             the full path of every node of a tree, one per line
+//   tarvauto tree-select <title> <name> <path>  choose the node with that full path, as a click does
+//   tarvauto tree-open <title> <name> <path> <0|1>  choose the node and close (0) or open (1) it by the keyboard
+//   tarvauto key <title> <name> <code> [down|up]  a key pressed and released (or only pressed or released)
+//                                            on the control; a <name> of "-" stands for the window itself
+//   tarvauto type <title> <name> <text>      replace the text of a text box, as typing does
+//   tarvauto mouse <title> <name> move|down|up  the mouse moving, or its left button, over the control
 //
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
@@ -247,6 +255,34 @@ HTREEITEM findTreeItem(HWND tree, HTREEITEM parent, const std::function<bool(con
     return nullptr;
 }
 
+// Every node of a tree of another process, depth first, with its full path.
+void walkTree(HWND tree, HTREEITEM parent, const std::string& path, const RemoteBuffer& remote,
+              const std::function<void(HTREEITEM, const std::string&)>& visit) {
+    const WPARAM first = parent ? TVGN_CHILD : TVGN_ROOT;
+    for (auto item = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, first, reinterpret_cast<LPARAM>(parent)));
+         item; item = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, TVGN_NEXT, reinterpret_cast<LPARAM>(item)))) {
+        const std::string full = (path.empty() ? "" : path + "\\") + treeItemText(tree, item, remote);
+        visit(item, full);
+        walkTree(tree, item, full, remote, visit);
+    }
+}
+
+HTREEITEM treeItemAt(HWND tree, const std::string& fullPath, const RemoteBuffer& remote) {
+    HTREEITEM found = nullptr;
+    walkTree(tree, nullptr, "", remote, [&](HTREEITEM item, const std::string& path) {
+        if (!found && path == fullPath) found = item;
+    });
+    if (!found) std::fprintf(stderr, "tarvauto: no node %s\n", fullPath.c_str());
+    return found;
+}
+
+// A point in the middle of a control, as a mouse message carries it.
+LPARAM middleOf(HWND window) {
+    RECT area{};
+    ::GetClientRect(window, &area);
+    return MAKELPARAM(area.right / 2, area.bottom / 2);
+}
+
 // The folder dialog of another process: its tree is opened down to `folder`
 // ("C:\\A\\B"), the folder is selected, and OK is pressed. The drive is the
 // item whose text holds "(C:)", below the desktop or one level further down.
@@ -378,6 +414,13 @@ int run(int argc, char** argv) {
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
     }
+    if (command == "move") {
+        HWND window = waitTopLevel(arg(1));
+        if (!window) return fail();
+        ::SetWindowPos(window, nullptr, std::atoi(arg(2).c_str()), std::atoi(arg(3).c_str()), 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return 0;
+    }
     if (command == "restore") {
         HWND window = waitTopLevel(arg(1));
         if (!window) return fail();
@@ -403,6 +446,50 @@ int run(int argc, char** argv) {
             return fail();
         }
         return answerFolderDialog(dialog, arg(2));
+    }
+    if (command == "tree" || command == "tree-select" || command == "tree-open") {
+        const std::string name = arg(2);
+        HWND tree = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "tree " + name);
+        if (!tree) return fail();
+        RemoteBuffer remote(tree, sizeof(TVITEMW) + 260 * sizeof(wchar_t));
+        if (!remote.valid()) return fail();
+        if (command == "tree") {
+            walkTree(tree, nullptr, "", remote,
+                     [](HTREEITEM, const std::string& path) { std::printf("%s\n", path.c_str()); });
+            return 0;
+        }
+        HTREEITEM item = treeItemAt(tree, arg(3), remote);
+        if (!item) return fail();
+        askWindow(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
+        if (command == "tree-open") {
+            const WPARAM key = arg(4) == "0" ? VK_LEFT : VK_RIGHT;
+            ::PostMessageA(tree, WM_KEYDOWN, key, 0);
+            ::PostMessageA(tree, WM_KEYUP, key, 0xC0000000);
+        }
+        return 0;
+    }
+    if (command == "key" || command == "type" || command == "mouse") {
+        const std::string name = arg(2);
+        HWND target = name == "-" ? waitTopLevel(arg(1))
+                                  : waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "control " + name);
+        if (!target) return fail();
+        if (command == "type") {
+            const std::string text = arg(3);
+            DWORD_PTR ignored = 0;
+            ::SendMessageTimeoutA(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()), SMTO_ABORTIFHUNG,
+                                  g_timeoutMs, &ignored);
+            return 0;
+        }
+        if (command == "mouse") {
+            const std::string what = arg(3);
+            const UINT message = what == "move" ? WM_MOUSEMOVE : what == "down" ? WM_LBUTTONDOWN : WM_LBUTTONUP;
+            ::PostMessageA(target, message, what == "down" ? MK_LBUTTON : 0, middleOf(target));
+            return 0;
+        }
+        const auto code = static_cast<WPARAM>(std::strtoul(arg(3).c_str(), nullptr, 10));
+        if (arg(4) != "up") ::PostMessageA(target, WM_KEYDOWN, code, 1);
+        if (arg(4) != "down") ::PostMessageA(target, WM_KEYUP, code, 0xC0000001);
+        return 0;
     }
     if (command == "items") {
         const std::string name = arg(2);

@@ -11,8 +11,11 @@ main="Welcome to Tarvelon"
 manager="Add/Remove Custom Integrity Scan Folders"
 system=$WINEPREFIX/drive_c/windows/system32
 
+# Under Wine on a screen without a window manager, a window that lies wholly
+# inside another visible one stays black; the corner keeps it clear of them.
 shoot() {  # window title, picture name
     local rect
+    [ "$1" == "$main" ] || auto move "$1" 0 0 >/dev/null
     rect=$(auto settle "$1")
     read -r width height left top <<<"$rect"
     xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage -strip "$SCREENSHOTS/$2.png"
