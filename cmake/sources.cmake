@@ -44,6 +44,10 @@ set(TARVELON_CORE_SOURCES
   logging/write_log.cpp
   regwatch/reg_class.cpp
   regwatch/regwatch_page.cpp
+  shutdown/logoff_dialog.cpp
+  shutdown/logoff_form.cpp
+  shutdown/power_off.cpp
+  shutdown/shutdown_progress_form.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/about_page.cpp

@@ -68,6 +68,12 @@ void Control::setMaximum(int maximum) {
     changed(Prop::Range);
 }
 
+void Control::setCentred(bool centred) {
+    if (centred == centred_) return;
+    centred_ = centred;
+    changed(Prop::Alignment);
+}
+
 void Control::setToolTip(std::string text) {
     if (text == toolTip_) return;
     toolTip_ = std::move(text);

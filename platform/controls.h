@@ -28,7 +28,7 @@ enum class Kind {
 // last); Nodes: the tree was emptied. Range: a progress bar's maximum.
 enum class Prop {
     Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Ticks, Bounds, Interval,
-    Nodes, NodeAdded, ToolTip, Picture, Range
+    Nodes, NodeAdded, ToolTip, Picture, Range, Alignment
 };
 
 struct Bounds {
@@ -100,6 +100,10 @@ public:
     void setLook(std::uint32_t foreColour, bool underlined = false);
     std::uint32_t backColour() const { return backColour_; }
     void setBackColour(std::uint32_t colour);
+
+    // A label's text centred in its width rather than from its left edge.
+    bool centred() const { return centred_; }
+    void setCentred(bool centred);
 
     // The text shown while the mouse rests on the control.
     const std::string& toolTip() const { return toolTip_; }
@@ -189,6 +193,7 @@ private:
     std::uint32_t foreColour_ = kBlack;
     std::uint32_t backColour_ = kSystemColour;
     bool underlined_ = false;
+    bool centred_ = false;
     std::string toolTip_;
     std::string picture_;
     std::vector<std::string> items_;

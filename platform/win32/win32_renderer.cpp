@@ -223,7 +223,8 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     const ClassAndStyle kind = windowKind(control.kind());
     HWND parent = control.parent() ? windows[control.parent()] : hwnd;
     const auto& b = control.bounds();
-    DWORD style = WS_CHILD | kind.style | (control.visible() ? WS_VISIBLE : 0) |
+    DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | (control.centred() ? SS_CENTER : 0) |
+                  (control.visible() ? WS_VISIBLE : 0) |
                   (control.enabled() ? 0 : WS_DISABLED);
     HWND child = ::CreateWindowExA(kind.exStyle, kind.className, control.caption().c_str(), style,
                                    b.left, b.top, b.width, b.height, parent,
@@ -292,6 +293,13 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     case Prop::NodeAdded: mirrorNodes(control, child, what); break;
     case Prop::ToolTip: mirrorToolTip(control, child); break;
     case Prop::Picture: ::InvalidateRect(child, nullptr, TRUE); break;
+    case Prop::Alignment:
+        if (control.kind() == Kind::Label) {
+            const LONG_PTR style = ::GetWindowLongPtrA(child, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
+            ::SetWindowLongPtrA(child, GWL_STYLE, style | (control.centred() ? SS_CENTER : SS_LEFT));
+            ::InvalidateRect(child, nullptr, TRUE);
+        }
+        break;
     case Prop::Ticks:
         if (control.kind() == Kind::CheckList)
             for (std::size_t item = 0; item < control.items().size(); ++item)
