@@ -4,8 +4,8 @@ namespace tv::ui {
 namespace {
 
 constexpr Bounds kClient{0, 0, 360, 200};
-constexpr Bounds picture(int column) { return {40 + column * 108, 28, 64, 64}; }
-constexpr Bounds below(int column) { return {24 + column * 108, 100, 96, 18}; }
+constexpr Bounds picture(int column) { return {56 + column * 108, 28, 64, 64}; }
+constexpr Bounds below(int column) { return {40 + column * 108, 100, 96, 18}; }
 
 Control& hidden(Control& control) {
     control.setVisible(false);
@@ -34,7 +34,7 @@ LogoffForm::LogoffForm()
       Image3(showing(add(Kind::Image, "Image3", picture(1), "Turn Off"), "turnoff")),
       Image5(showing(add(Kind::Image, "Image5", picture(2), "Restart"), "restart")),
       Label4(centred(add(Kind::Label, "Label4", below(0), "Standby"))),
-      Label6(centred(add(Kind::Label, "Label6", {4, 120, 136, 18}, "hold SHIFT for Hibernate"))),
+      Label6(centred(add(Kind::Label, "Label6", {13, 120, 150, 18}, "hold SHIFT for Hibernate"))),
       Label5(centred(add(Kind::Label, "Label5", below(1), "Turn Off"))),
       Label3(centred(add(Kind::Label, "Label3", below(2), "Restart"))),
       Label2(add(Kind::Label, "Label2", {24, 166, 100, 18}, "Log Off...")),

@@ -65,20 +65,21 @@ void drawMoon(HDC dc, const Area& a, COLORREF face) {
 void drawPowerSign(HDC dc, const Area& a) {
     const int r = a.size * 5 / 16;
     Selected pen(dc, ::CreatePen(PS_SOLID, std::max(3, a.size / 12), kSymbol));
-    ::Arc(dc, a.cx - r, a.cy - r, a.cx + r, a.cy + r, a.cx + r / 2, a.cy - r, a.cx - r / 2, a.cy - r);
+    ::Arc(dc, a.cx - r, a.cy - r, a.cx + r, a.cy + r, a.cx - r / 2, a.cy - r, a.cx + r / 2, a.cy - r);
     ::MoveToEx(dc, a.cx, a.cy - r - r / 4, nullptr);
     ::LineTo(dc, a.cx, a.cy);
 }
 
-// Restart: a ring of three quarters with an arrow head at its end.
+// Restart: a ring of three quarters, clockwise from the top round to the
+// left, with an arrow head pointing on up into the gap.
 void drawRestartArrow(HDC dc, const Area& a) {
     const int r = a.size * 5 / 16;
     {
         Selected pen(dc, ::CreatePen(PS_SOLID, std::max(3, a.size / 12), kSymbol));
-        ::Arc(dc, a.cx - r, a.cy - r, a.cx + r, a.cy + r, a.cx, a.cy - r, a.cx - r, a.cy);
+        ::Arc(dc, a.cx - r, a.cy - r, a.cx + r, a.cy + r, a.cx - r, a.cy, a.cx, a.cy - r);
     }
     const int head = a.size / 7;
-    const POINT arrow[] = {{a.cx - head, a.cy - r - head}, {a.cx + head, a.cy - r}, {a.cx - head, a.cy - r + head}};
+    const POINT arrow[] = {{a.cx - r - head, a.cy}, {a.cx - r + head, a.cy}, {a.cx - r, a.cy - head * 4 / 3}};
     Selected brush(dc, ::CreateSolidBrush(kSymbol));
     Selected pen(dc, ::CreatePen(PS_SOLID, 1, kSymbol));
     ::Polygon(dc, arrow, 3);
