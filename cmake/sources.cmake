@@ -1,6 +1,8 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
   appwatch/appwatch_page.cpp
+  avshell/scanner_catalogue_form.cpp
+  avshell/scanner_choice_form.cpp
   avshell/scanner_launch.cpp
   core/baseline_block.cpp
   core/baseline_text.cpp
@@ -58,6 +60,7 @@ set(TARVELON_CORE_SOURCES
   ui/main_window.cpp
   ui/options_page.cpp
   ui/settings_page.cpp
+  ui/setup_wizard_form.cpp
   ui/startup_folder.cpp
 )
 
