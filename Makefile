@@ -5,11 +5,12 @@ SHELL := /bin/bash
 
 DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 	binutils-mingw-w64-x86-64 binutils-mingw-w64-i686 wine wine64 xvfb x11-apps \
-	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev python3
+	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev python3 \
+	nsis zip 7zip
 
 BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3
 
-.PHONY: run test bench build deps clean
+.PHONY: run test bench build release deps clean
 
 run: deps
 	@tools/run-program.sh
@@ -21,6 +22,10 @@ test: deps
 bench: deps
 	@tools/install-deps.sh $(BENCH_PACKAGES)
 	@bench/run-bench.sh
+
+# Installers and the portable archive: build/release/
+release: deps
+	@tools/make-release.sh
 
 build: deps
 	@for preset in native win64 win32; do \

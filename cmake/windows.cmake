@@ -17,6 +17,9 @@ target_link_options(tarvelon_win32 INTERFACE ${TARVELON_WIN_LINK})
 
 enable_language(RC)
 configure_file(packaging/version.rc.in ${CMAKE_BINARY_DIR}/version.rc @ONLY)
+# The one version of a release: the program file, the About page, the
+# installers and the file names all follow it.
+file(WRITE ${CMAKE_BINARY_DIR}/version.txt "${PROJECT_VERSION}\n")
 add_executable(TarvelonLow WIN32
   platform/win32/program_entry.cpp
   ${CMAKE_BINARY_DIR}/version.rc)

@@ -66,6 +66,8 @@ if build win32; then
 fi
 
 if build win64; then
+    echo "== release: installers and portable archive"
+    tools/make-release.sh >"$logs/release.log" 2>&1 || { tail -n 20 "$logs/release.log"; failed=$((failed + 1)); }
     echo "== Windows integration and end-to-end tests under Wine"
     start_virtual_display  # always its own screen: tests neither need nor disturb a desktop
     wine_session_start "$root/build/wine-test" fresh
