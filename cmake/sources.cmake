@@ -53,14 +53,18 @@ set(TARVELON_CORE_SOURCES
   platform/controls.cpp
   platform/form.cpp
   ui/about_page.cpp
+  ui/advanced_actions.cpp
   ui/advanced_page.cpp
   ui/application.cpp
   ui/load_settings.cpp
   ui/main_actions.cpp
   ui/main_window.cpp
   ui/options_page.cpp
+  ui/settings_actions.cpp
   ui/settings_page.cpp
   ui/setup_wizard_form.cpp
+  ui/shortcut_maker.cpp
+  ui/speed_comparison.cpp
   ui/startup_folder.cpp
 )
 

@@ -1,6 +1,7 @@
 #include "core/vb_number.h"
 
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -60,5 +61,15 @@ std::optional<std::int16_t> roundToInt16(double value) {
     return static_cast<std::int16_t>(rounded);
 }
 std::optional<std::int16_t> toInt16(std::string_view text) { return toInt<std::int16_t>(text); }
+
+std::string singleText(float value) {
+    if (value == 0) return "0";  // also for -0
+    char text[32];
+    const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 7);
+    std::string result(text, written.ptr);
+    for (char& c : result)
+        if (c == 'e') c = 'E';
+    return result;
+}
 
 }  // namespace tv

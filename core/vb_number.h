@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tv {
@@ -17,5 +18,11 @@ std::optional<double> toNumber(std::string_view text);
 
 // A value rounded half to even into 16 bits; nullopt when it does not fit.
 std::optional<std::int16_t> roundToInt16(double value);
+
+// A single-precision number as the program writes it into a text: at most seven
+// significant digits without trailing zeros, a leading "0" before the point,
+// and the exponent form ("1E-05", "1.234568E+07") for very small and very
+// large values. The decimal sign is a point.
+std::string singleText(float value);
 
 }  // namespace tv

@@ -24,7 +24,8 @@ public:
         int showCommand = 0;
     };
     // The shell-link object: sets what `link` holds, resolves the link with
-    // flags 4 (no user interface) and saves it at `linkPath`.
+    // no window and flags 4 (update it) and saves it at `linkPath`. False, and
+    // nothing saved, when any step fails.
     virtual bool makeShellLink(const std::string& linkPath, const Link& link) = 0;
 
     // The scripting host: CreateShortcut(linkPath), then Arguments (unless

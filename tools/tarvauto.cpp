@@ -28,6 +28,9 @@
 //   tarvauto type <title> <name> <text>      replace the text of a text box, as typing does
 //   tarvauto mouse <title> <name> move|down|up  the mouse moving, or its left button, over the control
 //
+//   tarvauto link <file>                     the target and the arguments of a shortcut file, one per line,
+//                                            as the system's shell-link object reads them
+//
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
 //   tarvauto windows                         list visible top-level windows (for diagnosis)
@@ -35,6 +38,8 @@
 #define NOMINMAX
 #include <windows.h>
 #include <commctrl.h>
+#include <objbase.h>
+#include <shlobj.h>
 
 #include <fcntl.h>
 #include <io.h>
@@ -351,6 +356,31 @@ int waitExit(DWORD pid) {
     return 0;
 }
 
+// Reads a shortcut file through the shell-link object, as Explorer does
+// before it starts one.
+int printLink(const std::string& file) {
+    ::CoInitialize(nullptr);
+    IShellLinkA* link = nullptr;
+    IPersistFile* persist = nullptr;
+    char target[MAX_PATH + 1] = {}, arguments[1024] = {};
+    const std::wstring wide(file.begin(), file.end());
+    const bool read =
+        SUCCEEDED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA,
+                                     reinterpret_cast<void**>(&link))) &&
+        SUCCEEDED(link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&persist))) &&
+        SUCCEEDED(persist->Load(wide.c_str(), STGM_READ)) &&
+        SUCCEEDED(link->GetPath(target, sizeof target, nullptr, SLGP_RAWPATH)) &&
+        SUCCEEDED(link->GetArguments(arguments, sizeof arguments));
+    if (persist) persist->Release();
+    if (link) link->Release();
+    if (!read) {
+        std::fprintf(stderr, "tarvauto: %s is no shortcut\n", file.c_str());
+        return 1;
+    }
+    std::printf("%s\n%s\n", target, arguments);
+    return 0;
+}
+
 int run(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     if (args.size() >= 2 && args[0] == "--timeout") {
@@ -530,6 +560,7 @@ int run(int argc, char** argv) {
             std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
         return 0;
     }
+    if (command == "link") return printLink(arg(1));
     std::fprintf(stderr, "tarvauto: unknown command %s\n", command.c_str());
     return 2;
 }

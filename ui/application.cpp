@@ -13,9 +13,12 @@
 #include "integrity/folder_scan_actions.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
+#include "ui/advanced_actions.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
+#include "ui/settings_actions.h"
+#include "ui/shortcut_maker.h"
 
 namespace tv::ui {
 
@@ -23,8 +26,12 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
     ctx_.os.renderer.attach(*mForm1_);
     mForm1_->onUnload = [this] { unloadMainForm(); };
     mForm1_->cButton9.onClick = [this] { unloadMainForm(); };
-    actions_ = std::make_unique<MainActions>(ctx_, *mForm1_,
-                                             [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); });
+    const auto reloadSettings = [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); };
+    actions_ = std::make_unique<MainActions>(ctx_, *mForm1_, reloadSettings);
+    settingsActions_ = std::make_unique<SettingsActions>(ctx_, *mForm1_, reloadSettings,
+                                                         [this] { scannerChoice().setVisible(true); });
+    advancedActions_ = std::make_unique<AdvancedActions>(ctx_, *mForm1_, reloadSettings);
+    mForm1_->options.cCreateSS.onClick = [this] { createShutDownShortcut(ctx_); };
     folderScan_ = std::make_unique<FolderScanActions>(
         ctx_, mForm1_->folderScan, *this, [this]() -> ScanDriver& { return scanDriver(); },
         [this] { mForm1_->norms2(); });

@@ -20,6 +20,8 @@ class CustomFolderForm;
 class CustomFolderManager;
 class MainWindow;
 class MainActions;
+class SettingsActions;
+class AdvancedActions;
 class ScannerChoiceForm;
 class ScanWindow;
 
@@ -74,6 +76,8 @@ private:
     AppContext ctx_;
     std::unique_ptr<MainWindow> mForm1_;
     std::unique_ptr<MainActions> actions_;
+    std::unique_ptr<SettingsActions> settingsActions_;
+    std::unique_ptr<AdvancedActions> advancedActions_;
     std::unique_ptr<FolderScanActions> folderScan_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;

@@ -26,7 +26,9 @@ MainActions::MainActions(AppContext& ctx, MainWindow& window, std::function<void
     window_.Image9.onClick = [this] { showAppWatch(); };
     window_.Image11.onClick = [this] { showOptions(); };
     window_.options.cAbout.onClick = window_.cButton7.onClick = [this] { showAbout(); };
-    window_.about.cButton4.onClick = window_.cButton6.onClick = [this] { openHelp(); };
+    window_.about.cButton4.onClick = window_.cButton6.onClick = window_.settings.chlp.onClick = [this] {
+        openHelp();
+    };
     window_.about.cButton5.onClick = [this] { visitWebPage(); };
     window_.about.Label37.onClick = [this] { mailMaker(); };
     window_.options.cUpdates.onClick = [this] { checkForUpdates(); };

@@ -26,7 +26,7 @@ public:
     void showAppWatch();  // Image9
     void showOptions();   // Image11
     void showAbout();     // cAbout, cButton7
-    void openHelp();      // cButton4, cButton6
+    void openHelp();      // cButton4, cButton6, chlp
     void visitWebPage();  // cButton5
     void mailMaker();     // Label37
     // cUpdates: starts the maker's update utility, or offers its download.

@@ -18,6 +18,7 @@ namespace {
 constexpr const char* kFormClass = "TarvelonForm";
 constexpr const char* kFrameClass = "TarvelonFrame";
 constexpr int kFirstControlId = 1000;
+constexpr int kGroupBoxId = 999;  // the group box of a frame with a caption; no control's id
 constexpr UINT_PTR kTextTimer = 1;  // writes waiting texts; below every control's id
 
 using ui::Control;
@@ -36,7 +37,7 @@ ClassAndStyle windowKind(Kind kind) {
     case Kind::FlatButton:
     case Kind::Image:
     case Kind::FlatCheck: return {"BUTTON", BS_OWNERDRAW | WS_TABSTOP, 0};
-    case Kind::CheckBox: return {"BUTTON", BS_3STATE | WS_TABSTOP, 0};
+    case Kind::CheckBox: return {"BUTTON", BS_3STATE | BS_MULTILINE | WS_TABSTOP, 0};
     case Kind::OptionButton: return {"BUTTON", BS_RADIOBUTTON | WS_TABSTOP, 0};
     case Kind::TextBox: return {"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Kind::ListBox:
@@ -235,6 +236,14 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     controlOf[child] = &control;
     if (control.kind() == Kind::Frame) ::SetWindowLongPtrA(child, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
+    if (control.kind() == Kind::Frame && !control.caption().empty()) {
+        // A frame with a caption shows as a group: a group box around its
+        // controls, which lets the mouse through to them.
+        HWND group = ::CreateWindowExA(0, "BUTTON", control.caption().c_str(), WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0,
+                                       0, b.width, b.height, child,
+                                       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kGroupBoxId)), instance, nullptr);
+        ::SendMessageA(group, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
+    }
     setName(child, control.name());
     followInput(child, control, *form);
     mirror(control, Prop::Items);
@@ -262,6 +271,8 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
             setTextSoon(child, control.caption());
         else
             ::SetWindowTextA(child, control.caption().c_str());
+        if (HWND group = control.kind() == Kind::Frame ? ::GetDlgItem(child, kGroupBoxId) : nullptr)
+            ::SetWindowTextA(group, control.caption().c_str());
         break;
     case Prop::Visible: ::ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
     case Prop::Enabled: ::EnableWindow(child, control.enabled()); break;

@@ -174,12 +174,20 @@ public:
     long closeKey(Key) override { return kNotFound; }
 };
 
-// A clock that stands where the test puts it.
+// A clock that stands where the test puts it, or tells the scripted times one
+// after the other and then stays at the last.
 class FixedClock final : public Clock {
 public:
-    double seconds = 0;
+    mutable double seconds = 0;
+    mutable std::deque<double> script;
     DateTimeText now{"3/5/2006", "3:04:07 PM"};
-    double secondsSinceMidnight() const override { return seconds; }
+    double secondsSinceMidnight() const override {
+        if (!script.empty()) {
+            seconds = script.front();
+            script.pop_front();
+        }
+        return seconds;
+    }
     DateTimeText localDateTime() const override { return now; }
 };
 
@@ -217,14 +225,19 @@ class RecordingShortcuts final : public Shortcuts {
 public:
     bool succeed = true;
     std::vector<std::pair<std::string, Link>> links;
-    std::vector<std::pair<std::string, std::optional<std::string>>> scripted;  // path, arguments
+    struct Scripted {
+        std::string path, description, target;
+        std::optional<std::string> arguments;
+        int windowStyle;
+    };
+    std::vector<Scripted> scripted;
     bool makeShellLink(const std::string& linkPath, const Link& link) override {
         links.emplace_back(linkPath, link);
         return succeed;
     }
-    bool makeScriptedShortcut(const std::string& linkPath, const std::string&, const std::string&,
-                              const std::optional<std::string>& arguments, int) override {
-        scripted.emplace_back(linkPath, arguments);
+    bool makeScriptedShortcut(const std::string& linkPath, const std::string& description, const std::string& target,
+                              const std::optional<std::string>& arguments, int windowStyle) override {
+        scripted.push_back({linkPath, description, target, arguments, windowStyle});
         return succeed;
     }
 };

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Pictures of the program's windows and pages as a user sees them, kept in
-# docs/screenshots/ (SCREENSHOTS): the main window's pages, the custom folder
-# manager, and the scan window's results and list of failing files. Each
-# picture must show more than a blank window.
+# docs/screenshots/ (SCREENSHOTS): the main window's pages with the settings
+# pages, the custom folder manager, and the scan window's results and list of
+# failing files. Each picture must show more than a blank window.
 source "$(dirname "$0")/lib.sh"
 : "${SCREENSHOTS:?}"
 mkdir -p "$SCREENSHOTS"
@@ -53,6 +53,11 @@ auto wait-window "$main" >/dev/null
 shoot "$main" main-about
 auto click "$main" Image11 >/dev/null
 shoot "$main" main-options
+auto click "$main" cSettings >/dev/null
+shoot "$main" main-settings
+auto click "$main" cCancelSett >/dev/null
+auto click "$main" cButton2 >/dev/null
+shoot "$main" main-advanced  # before Compare Speeds, whose times differ from run to run
 auto click "$main" Image5 >/dev/null
 auto click "$main" bDLL >/dev/null
 shoot "$main" main-integrity-scan
