@@ -42,8 +42,14 @@ set(TARVELON_CORE_SOURCES
   integrity/scan_window.cpp
   logging/log_browser_page.cpp
   logging/write_log.cpp
+  regwatch/file_path_cut.cpp
+  regwatch/pending_boot.cpp
   regwatch/reg_class.cpp
+  regwatch/registry_pass.cpp
+  regwatch/registry_text.cpp
+  regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  regwatch/watched_locations.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/about_page.cpp

@@ -301,11 +301,28 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         if (isList(control.kind())) {
             const bool list = control.kind() != Kind::ComboBox;
             ::SendMessageA(child, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
+            std::size_t bytes = 0;
+            for (const auto& item : control.items()) bytes += item.size() + 1;
+            ::SendMessageA(child, list ? LB_INITSTORAGE : CB_INITSTORAGE, control.items().size(), bytes);
             for (const auto& item : control.items())
                 ::SendMessageA(child, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
                                reinterpret_cast<LPARAM>(item.c_str()));
             mirror(control, Prop::Selection);  // a new content keeps the chosen item and the ticks
             mirror(control, Prop::Ticks);
+        }
+        break;
+    case Prop::ItemChanged:
+        // One row in place, as a warning row that gets its ") " when chosen;
+        // the choice and the tick stay where they were.
+        if (isList(control.kind()) && control.changedItem() < control.items().size()) {
+            const bool list = control.kind() != Kind::ComboBox;
+            const auto index = static_cast<WPARAM>(control.changedItem());
+            ::SendMessageA(child, list ? LB_DELETESTRING : CB_DELETESTRING, index, 0);
+            ::SendMessageA(child, list ? LB_INSERTSTRING : CB_INSERTSTRING, index,
+                           reinterpret_cast<LPARAM>(control.items()[index].c_str()));
+            mirror(control, Prop::Selection);
+            if (control.kind() == Kind::CheckList)
+                ::SendMessageA(child, LB_SETSEL, control.ticked(index), static_cast<LPARAM>(index));
         }
         break;
     case Prop::ItemAdded:
