@@ -66,11 +66,14 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
 EntryCheck RegistryPass::checkRegEntry(std::string& name, std::string& storedText, const std::string& section) {
     storedText = cutAtNul(storedText);
     name = snapshotKey(name, storedText);
-    const std::string entry = readIni(ctx_, ctx_.regFile, name, section);
+    // A recording pass writes whatever the line holds, so it need not read it
+    // first: a profile call on a file just written costs a reading of the
+    // whole file.
     if (ctx_.regNew) {
         writeEntry(ctx_, ctx_.regFile, name, storedText, section);
         return EntryCheck::Unchanged;
     }
+    const std::string entry = readIni(ctx_, ctx_.regFile, name, section);
     if (entry.empty()) return EntryCheck::New;
     return storedTextChanged(storedText, entry) ? EntryCheck::Modified : EntryCheck::Unchanged;
 }
