@@ -167,15 +167,19 @@ TEST_F(RegWatchScanTest, ScanFileHandsTheChosenValuesFileToBothScanners) {
     boxes.answers = {box::Ok};
     page.Command11.userClick();
     EXPECT_EQ(boxes.shown.at(0).prompt, "Cannot find file, please scan manually");
+    // Shell metacharacters reach the scanner as they are: no command interpreter.
+    page.Label19.setCaption("x (C:\\a&b|c^d%PATH%.exe -z)");
+    page.Command11.userClick();
     // A quoted path goes in as it stands, unshortened.
     ctx.shortPaths = true;
     page.Label19.setCaption("x (\"C:\\a b\\x.exe\" \"%1\")");
     page.Command11.userClick();
-    auto lines = scannedLines(4);
+    auto lines = scannedLines(6);
     std::sort(lines.begin(), lines.end());
     const std::string tool = " \"" + path("tool.exe") + "\"";
-    EXPECT_EQ(lines, (std::vector<std::string>{fake + " /x \"C:\\a b\\x.exe\"", fake + " /x" + tool,
-                                               fake + " /y \"C:\\a b\\x.exe\"", fake + " /y" + tool}));
+    EXPECT_EQ(lines, (std::vector<std::string>{fake + " /x \"C:\\a b\\x.exe\"", fake + " /x \"C:\\a&b|c^d%PATH%.exe\"",
+                                               fake + " /x" + tool, fake + " /y \"C:\\a b\\x.exe\"",
+                                               fake + " /y \"C:\\a&b|c^d%PATH%.exe\"", fake + " /y" + tool}));
 }
 
 TEST_F(RegWatchScanTest, ScanAndUpdateHandsEveryWarningInOneRunThenAcceptsAndReports) {
