@@ -44,17 +44,6 @@ TEST_F(RegClassTest, ValuesFoldIntoTextByTheirType) {
     EXPECT_EQ(reg.getValue("missing"), "");
 }
 
-TEST_F(RegClassTest, FixedBuffersDecideWhatIsSeen) {
-    put("first", REG_SZ, std::string("short\0", 6));
-    put("whole", REG_SZ, std::string(255, 'w') + '\0');  // 256 bytes
-    put("long", REG_SZ, std::string(256, 'l') + '\0');   // 257 bytes
-    ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
-    EXPECT_EQ(reg.getValue("whole"), std::string(255, 'w'));
-    EXPECT_EQ(reg.getValue("long"), "");
-    // The listing ends at the first value whose data is over 240 bytes.
-    EXPECT_EQ(reg.getAllValues(), std::vector<std::string>{"first"});
-}
-
 TEST_F(RegClassTest, ALargeValueEndsTheListingSilently) {
     put("a first", REG_SZ, std::string("x\0", 2));
     put("b second", REG_BINARY, std::string(300, 'b'));
