@@ -1,5 +1,6 @@
 #include "avshell/scanner_launch.h"
 
+#include "core/settings_store.h"
 #include "core/text.h"
 #include "platform/controls.h"
 
@@ -27,6 +28,24 @@ std::string batchItem(const AppContext& ctx, const std::string& name) {
 bool runScanner(AppContext& ctx, const std::string& commandLine) {
     const bool focus = ctx.scannerFocus && ctx.scannerFocus->value() == 1;
     return ctx.os.processes.start(commandLine, focus ? show::NormalFocus : show::MinimizedFocus);
+}
+
+ScannerPair scannersFromSettings(const AppContext& ctx) {
+    const auto split = [&ctx](const char* request, std::string& exe, std::string& args) {
+        const std::string value = getSetting(ctx, request).value_or("");
+        const std::size_t bar = inStr(1, value, "|");
+        exe = bar == 0 ? value : leftText(value, bar - 1);
+        args = bar == 0 ? std::string() : trimBlanks(midText(value, bar + 1));
+    };
+    ScannerPair scanners;
+    split("ANTIVIRUS", scanners.exe1, scanners.args1);
+    split("AV2", scanners.exe2, scanners.args2);
+    return scanners;
+}
+
+void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const std::string& list) {
+    if (!trimBlanks(scanners.exe1).empty()) runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + list);
+    if (!trimBlanks(scanners.exe2).empty()) runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + list);
 }
 
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch) {

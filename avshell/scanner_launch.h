@@ -30,6 +30,16 @@ struct ScannerPair {
     std::string exe1, args1, exe2, args2;
 };
 
+// The two scanners as the settings name them, read now: "<exe>|<args>", the
+// exe the text in front of the first "|" (all of it when there is none), the
+// arguments the text behind it, trimmed.
+ScannerPair scannersFromSettings(const AppContext& ctx);
+
+// Hands one list to each scanner in turn, whether or not the other started
+// (the one-run callers pass failures over). A scanner whose exe is blank is
+// not started: the command line would otherwise begin with the first file.
+void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const std::string& list);
+
 // Hands one batch to the first scanner and then to the second. False at the
 // first scanner that could not be started.
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch);

@@ -9,8 +9,14 @@
 # is reported. Then a clean log-on scan of generated system directories of
 # 5,000, 10,000 and 100,000 files runs on its window, shown and hidden, and the
 # first scan of custom folders of 2,000 and 20,000 new files runs up to their
-# saved baselines. Every command runs on core 0. Results: build/bench/results.md.
+# saved baselines. Last, the registry pass over 200 and 2,000 Run values,
+# recording and comparing. Every command runs on core 0. Results:
+# build/bench/results.md.
+#
+#   bench/run-bench.sh            everything (about fifteen minutes)
+#   bench/run-bench.sh regwatch   only the registry pass (a minute): build/bench/regwatch.md
 set -euo pipefail
+part=${1:-all}
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 source tools/wine-session.sh
@@ -23,9 +29,13 @@ runs=${BENCH_RUNS:-10}
 pin=(taskset -c 0)
 
 echo "== building"
-cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
-cmake --preset win64 >>"$out/build.log" 2>&1 && cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench >>"$out/build.log" 2>&1
+if [ "$part" == all ]; then
+    cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
+fi
+cmake --preset win64 >>"$out/build.log" 2>&1 &&
+    cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench regwatch_bench >>"$out/build.log" 2>&1
 
+if [ "$part" == all ]; then
 echo "== data"
 big=$data/big.bin
 [ "$(stat -c %s "$big" 2>/dev/null)" == 1073741824 ] || head -c 1073741824 /dev/urandom >"$big"
@@ -48,6 +58,7 @@ for count in 2000 5000 10000 20000 100000; do
     find "$folder" -type f -exec cat {} + >/dev/null
 done
 cat "$big" "$small"/* >/dev/null  # into the page cache
+fi
 
 start_virtual_display
 wine_session_start "$root/build/wine-bench"
@@ -92,6 +103,42 @@ first_scan() {  # file count, repetitions
     "${pin[@]}" wine "$out/../win64/bench/scan_bench.exe" first-custom "$2" "$(winpath "$(realpath "$program")")\\" \
         "$(winpath "$(realpath "$data/scan$1/system")")\\" 2>/dev/null | tr -d '\r' | sed 's/median=\([0-9.]*\).*/\1/'
 }
+
+ratio() { python3 -c "import sys; print(f'{float(sys.argv[1]) / float(sys.argv[2]):.2f}')" "$1" "$2"; }
+
+# The registry pass over 200 and 2,000 values under HKEY_CURRENT_USER's Run
+# key, on the RegWatch page shown: the recording of a first start, a
+# comparison at once after it and one of a later Refresh (medians of 5).
+regwatch_section() {
+    # The snapshot goes to memory (tmpfs) where there is one: the disk's
+    # write-back would otherwise decide the times of a pass that writes.
+    local program=$out/regwatch-program small large own
+    [ -d /dev/shm ] && program=$(mktemp -d /dev/shm/tarvelon-regwatch.XXXXXX)
+    rm -rf "$program" && mkdir -p "$program"
+    small=$("${pin[@]}" wine "$out/../win64/bench/regwatch_bench.exe" 200 5 "$(winpath "$(realpath "$program")")\\" 2>/dev/null | tr -d '\r')
+    large=$("${pin[@]}" wine "$out/../win64/bench/regwatch_bench.exe" 2000 5 "$(winpath "$(realpath "$program")")\\" 2>/dev/null | tr -d '\r')
+    rm -rf "$program"
+    field() { sed "s/.*$1=\([0-9.]*\).*/\1/" <<<"$2"; }
+    echo "## Registry pass, seventeen locations, values under HKEY_CURRENT_USER's Run key (seconds, median of 5)"
+    echo
+    echo "| | 200 values | 2,000 values | ratio |"
+    echo "|---|---|---|---|"
+    for name in record compare compare-at-once writes-alone; do
+        echo "| $name | $(field "$name" "$small") | $(field "$name" "$large") | $(ratio "$(field "$name" "$large")" "$(field "$name" "$small")") |"
+    done
+    own() { python3 -c "import sys; print(f'{float(sys.argv[1]) - float(sys.argv[2]):.6f}')" "$(field record "$1")" "$(field writes-alone "$1")"; }
+    echo "| record without its writes | $(own "$small") | $(own "$large") | $(ratio "$(own "$large")" "$(own "$small")") |"
+    echo
+    echo "Targets: 2,000 against 200 at most 12. record: the first start's recording pass;"
+    echo "compare: Refresh with nothing changed; compare-at-once: Refresh within 2.1 s of a"
+    echo "recording, while the system's profile calls read the file anew at every call;"
+    echo "writes-alone: the recording's profile writes without the pass (the system's share)."
+}
+
+if [ "$part" == regwatch ]; then
+    regwatch_section | tee "$out/regwatch.md"
+    exit 0
+fi
 
 hex_to_decimal_bytes() { python3 -c "import sys; print(''.join(str(b) for b in bytes.fromhex(sys.argv[1])))" "$1"; }
 
@@ -143,7 +190,6 @@ scans[20000.first]=$(first_scan 20000 3)
 scans[10000.checksums]=$(ours CRC32 65536 "$data/scan10000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
 scans[100000.checksums]=$(ours CRC32 65536 "$data/scan100000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
 
-ratio() { python3 -c "import sys; print(f'{float(sys.argv[1]) / float(sys.argv[2]):.2f}')" "$1" "$2"; }
 best() { printf '%s\n' "$@" | sort -g | head -n 1; }
 
 crc=$(best "${mine[CRC32.65536]}" "${mine[CRC32.131072]}" "${mine[CRC32.262144]}" "${mine[CRC32.524288]}")
@@ -202,5 +248,7 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo
     echo "- 2,000 files ${scans[2000.first]}, 20,000 files ${scans[20000.first]}"
     echo "- 20,000 / 2,000: $(ratio "${scans[20000.first]}" "${scans[2000.first]}") (at most 12)"
+    echo
+    regwatch_section
 } >"$results"
 cat "$results"

@@ -44,8 +44,14 @@ set(TARVELON_CORE_SOURCES
   integrity/scan_window.cpp
   logging/log_browser_page.cpp
   logging/write_log.cpp
+  regwatch/file_path_cut.cpp
+  regwatch/pending_boot.cpp
   regwatch/reg_class.cpp
+  regwatch/registry_pass.cpp
+  regwatch/registry_text.cpp
+  regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  regwatch/watched_locations.cpp
   shutdown/logoff_dialog.cpp
   shutdown/logoff_form.cpp
   shutdown/power_off.cpp

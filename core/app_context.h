@@ -53,6 +53,10 @@ struct AppContext {
     SectionBlocks custom;   // customText / customName
     std::string customFolder;
 
+    // True while a registry pass records the values it finds into the
+    // snapshot instead of comparing them with it.
+    bool regNew = false;
+
     // The scan in progress, if any.
     ScanRunState scan;
     // 1 once a list of files was logged during a secure shut-down.

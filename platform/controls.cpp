@@ -108,6 +108,14 @@ void Control::addItem(std::string item) {
 void Control::setItem(std::size_t index, std::string item) {
     if (index >= items_.size() || items_[index] == item) return;
     items_[index] = std::move(item);
+    changedItem_ = index;
+    changed(Prop::ItemChanged);
+}
+
+void Control::setItems(std::vector<std::string> items) {
+    items_ = std::move(items);
+    ticks_.assign(items_.size(), false);
+    value_ = -1;
     changed(Prop::Items);
 }
 

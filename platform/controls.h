@@ -23,11 +23,12 @@ enum class Kind {
 };
 
 // What changed, for the renderer.
-// ItemAdded: one item was appended (the last); Items: the list was replaced;
-// Ticks: the ticks of a check list changed. NodeAdded: one node was added (the
+// ItemAdded: one item was appended (the last); ItemChanged: the text of one
+// item (changedItem()) was replaced; Items: the list was replaced; Ticks: the
+// ticks of a check list changed. NodeAdded: one node was added (the
 // last); Nodes: the tree was emptied. Range: a progress bar's maximum.
 enum class Prop {
-    Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, Selection, Ticks, Bounds, Interval,
+    Caption, Visible, Enabled, Value, Colour, Items, ItemAdded, ItemChanged, Selection, Ticks, Bounds, Interval,
     Nodes, NodeAdded, ToolTip, Picture, Range, Alignment
 };
 
@@ -118,6 +119,9 @@ public:
     const std::vector<std::string>& items() const { return items_; }
     void addItem(std::string item);
     void setItem(std::size_t index, std::string item);  // nothing when there is no such item
+    std::size_t changedItem() const { return changedItem_; }  // the item setItem changed last
+    // Replaces every item at once; the ticks and the choice are cleared.
+    void setItems(std::vector<std::string> items);
     void clearItems();
     // The text of the chosen item; empty when none is chosen.
     std::string selectedText() const;
@@ -198,6 +202,7 @@ private:
     std::string picture_;
     std::vector<std::string> items_;
     std::vector<bool> ticks_;
+    std::size_t changedItem_ = 0;
     std::vector<TreeNode> nodes_;
     std::unordered_map<std::string, std::size_t> nodeByKey_;
     std::shared_ptr<std::vector<Control*>> group_;

@@ -19,7 +19,9 @@ public:
     using Key = std::uintptr_t;  // an open key's handle as a number; 0 for none
     virtual ~Registry() = default;
 
-    // Opens `subKey` of `root` with all access (0xF003F); sets `key` on success.
+    // Opens `subKey` of `root` with all access (0xF003F) into `key`; on failure
+    // `key` becomes 0, as the system leaves the handle, so that no stale
+    // handle is used afterwards.
     virtual long openKey(std::uint32_t root, const std::string& subKey, Key& key) = 0;
     // The name of sub-key number `index`, written into `buffer`, whose length is the size offered.
     virtual long enumKey(Key key, std::uint32_t index, std::string& buffer) = 0;

@@ -156,6 +156,19 @@ LRESULT askWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return static_cast<LRESULT>(result);
 }
 
+// A control's text, asked of its window: a text box of another process keeps
+// its text where the plain window text call does not look.
+std::string controlText(HWND control) {
+    const LRESULT length = askWindow(control, WM_GETTEXTLENGTH, 0, 0);
+    if (length <= 0) return {};
+    std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
+    askWindow(control, WM_GETTEXT, wide.size(), reinterpret_cast<LPARAM>(wide.data()));
+    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
+    return text.c_str();
+}
+
 std::vector<std::string> listItems(HWND list) {
     const bool combo = className(list) == "ComboBox";
     std::vector<std::string> items;
@@ -440,7 +453,7 @@ int run(int argc, char** argv) {
     }
     if (command == "wait-caption") {
         const std::string name = arg(2), text = arg(3);
-        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && controlText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
     }
@@ -554,10 +567,12 @@ int run(int argc, char** argv) {
         HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; },
                                  "control " + name);
         if (!control) return fail();
-        if (command == "click")
+        if (command == "click") {
             pressButton(control);
-        else
-            std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
+            return 0;
+        }
+        const std::string text = controlText(control);
+        std::fwrite(text.data(), 1, text.size(), stdout);
         return 0;
     }
     if (command == "link") return printLink(arg(1));

@@ -14,6 +14,8 @@
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
 #include "ui/advanced_actions.h"
+#include "regwatch/registry_pass.h"
+#include "regwatch/regwatch_actions.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -37,6 +39,8 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
         [this] { mForm1_->norms2(); });
     mForm1_->Image5.onClick = [this] { folderScan_->enter(); };
     mForm1_->folderScan.addRem.onClick = [this] { customFolderManager().show(); };
+    regPass_ = std::make_unique<RegistryPass>(ctx_, mForm1_->regWatch);
+    regActions_ = std::make_unique<RegWatchActions>(ctx_, mForm1_->regWatch, *regPass_);
     ctx_.autoLogging = &mForm1_->settings.Check7;
     ctx_.scannerFocus = &mForm1_->advanced.avfocus;
 }
@@ -105,6 +109,7 @@ void Application::load() {
     makeDataFolders();
     checkSettFile(ctx_);
     checkIntFile(ctx_, *this);  // on the plain CRC-32 name, before any setting is read
+    regPass_->checkRegFile();
     loadSettings(ctx_, *mForm1_, scannerChoice());
     hash::setDatName(ctx_);  // the data file follows the chosen algorithm from here on
     checkIntFile(ctx_, *this);

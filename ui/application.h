@@ -12,6 +12,8 @@ namespace tv {
 class ScanDriver;
 class FindingsAction;
 class FolderScanActions;
+class RegistryPass;
+class RegWatchActions;
 }
 
 namespace tv::ui {
@@ -41,6 +43,10 @@ public:
     // intCheck, the scan window, with the driver of its scans; created hidden on first use.
     ScanWindow& scanWindow();
     ScanDriver& scanDriver();
+    // The RegWatch page's registry pass (setReg) and its actions, among them
+    // Scan && Update Warnings (cScnUpd), which the secure shut-down calls too.
+    RegistryPass& registryPass() { return *regPass_; }
+    RegWatchActions& regWatch() { return *regActions_; }
     // iCust, the custom folder manager, created hidden on first use.
     CustomFolderForm& customFolders();
     CustomFolderManager& customFolderManager();
@@ -79,6 +85,8 @@ private:
     std::unique_ptr<SettingsActions> settingsActions_;
     std::unique_ptr<AdvancedActions> advancedActions_;
     std::unique_ptr<FolderScanActions> folderScan_;
+    std::unique_ptr<RegistryPass> regPass_;
+    std::unique_ptr<RegWatchActions> regActions_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;

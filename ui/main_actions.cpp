@@ -34,8 +34,11 @@ MainActions::MainActions(AppContext& ctx, MainWindow& window, std::function<void
     window_.options.cUpdates.onClick = [this] { checkForUpdates(); };
 }
 
+// The page shows what the last registry pass left: it is not refreshed on entry.
 void MainActions::showRegWatch() {
     window_.norms2();
+    for (Control* button : {&window_.regWatch.cScnUpd, &window_.regWatch.Command3, &window_.regWatch.Command11})
+        button->setEnabled(false);
     window_.regF.setVisible(true);
 }
 

@@ -68,10 +68,12 @@ LRESULT CALLBACK followingProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     return ::CallWindowProcA(oldProc, window, message, wParam, lParam);
 }
 
+// Captions are drawn as the system's labels draw them: "&&" shows as one "&"
+// ("Scan && Update Warnings"), a single "&" underlines the letter behind it.
 void drawCaption(HDC dc, const std::string& caption, RECT area, COLORREF colour, UINT format) {
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextColor(dc, colour);
-    ::DrawTextA(dc, caption.c_str(), -1, &area, format | DT_NOPREFIX);
+    ::DrawTextA(dc, caption.c_str(), -1, &area, format);
 }
 
 }  // namespace
@@ -105,7 +107,7 @@ void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const
     HGDIOBJ old = ::SelectObject(item.hDC, control.underlined() ? fonts.underlined : fonts.plain);
     const COLORREF colour = control.enabled() ? control.foreColour() : ::GetSysColor(COLOR_GRAYTEXT);
     RECT measured = text;
-    ::DrawTextA(item.hDC, control.caption().c_str(), -1, &measured, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    ::DrawTextA(item.hDC, control.caption().c_str(), -1, &measured, DT_CALCRECT | DT_SINGLELINE);
     drawCaption(item.hDC, control.caption(), text, colour, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
     ::SelectObject(item.hDC, old);
     if ((item.itemState & ODS_FOCUS) && !control.caption().empty()) {

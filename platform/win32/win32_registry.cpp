@@ -11,7 +11,7 @@ long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, Key& 
     HKEY opened = nullptr;
     const LONG result = ::RegOpenKeyExA(reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(root)), subKey.c_str(), 0,
                                         KEY_ALL_ACCESS, &opened);
-    if (result == ERROR_SUCCESS) key = reinterpret_cast<Key>(opened);
+    key = result == ERROR_SUCCESS ? reinterpret_cast<Key>(opened) : 0;
     return result;
 }
 

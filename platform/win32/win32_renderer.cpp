@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <cstring>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -41,7 +43,7 @@ ClassAndStyle windowKind(Kind kind) {
     case Kind::OptionButton: return {"BUTTON", BS_RADIOBUTTON | WS_TABSTOP, 0};
     case Kind::TextBox: return {"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE};
     case Kind::ListBox:
-        return {"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+        return {"LISTBOX", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP,
                 WS_EX_CLIENTEDGE};
     case Kind::CheckList:
         return {"LISTBOX",
@@ -96,6 +98,7 @@ struct Win32Renderer::FormWindow {
     bool selectedByMouse = false;  // a tree's selection moved under the button now going up
     HWND toolTips = nullptr;
     std::unordered_set<HWND> tipped;  // controls the tool tip window knows
+    std::unordered_map<HWND, int> widestRow;  // of each plain list, in pixels, for its horizontal scroll bar
 
     static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
@@ -114,6 +117,7 @@ struct Win32Renderer::FormWindow {
     void insertNode(Control& tree, HWND window, std::size_t node);
     void mirrorNodes(Control& tree, HWND window, Prop what);
     void mirrorToolTip(Control& control, HWND window);
+    void widenFor(HWND list, const std::string* first, const std::string* last);
     void command(int id, int code);
     void notify(const NMHDR& header);
     void dialogKey(int id);
@@ -320,11 +324,33 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         if (isList(control.kind())) {
             const bool list = control.kind() != Kind::ComboBox;
             ::SendMessageA(child, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
+            std::size_t bytes = 0;
+            for (const auto& item : control.items()) bytes += item.size() + 1;
+            ::SendMessageA(child, list ? LB_INITSTORAGE : CB_INITSTORAGE, control.items().size(), bytes);
             for (const auto& item : control.items())
                 ::SendMessageA(child, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
                                reinterpret_cast<LPARAM>(item.c_str()));
+            if (control.kind() == Kind::ListBox) {
+                widestRow[child] = 0;
+                widenFor(child, control.items().data(), control.items().data() + control.items().size());
+            }
             mirror(control, Prop::Selection);  // a new content keeps the chosen item and the ticks
             mirror(control, Prop::Ticks);
+        }
+        break;
+    case Prop::ItemChanged:
+        // One row in place, as a warning row that gets its ") " when chosen;
+        // the choice and the tick stay where they were.
+        if (isList(control.kind()) && control.changedItem() < control.items().size()) {
+            const bool list = control.kind() != Kind::ComboBox;
+            const auto index = static_cast<WPARAM>(control.changedItem());
+            ::SendMessageA(child, list ? LB_DELETESTRING : CB_DELETESTRING, index, 0);
+            ::SendMessageA(child, list ? LB_INSERTSTRING : CB_INSERTSTRING, index,
+                           reinterpret_cast<LPARAM>(control.items()[index].c_str()));
+            if (control.kind() == Kind::ListBox) widenFor(child, &control.items()[index], &control.items()[index] + 1);
+            mirror(control, Prop::Selection);
+            if (control.kind() == Kind::CheckList)
+                ::SendMessageA(child, LB_SETSEL, control.ticked(index), static_cast<LPARAM>(index));
         }
         break;
     case Prop::ItemAdded:
@@ -332,6 +358,7 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
             if (control.kind() != Kind::ComboBox) freezeWhileGrowing(child);
             ::SendMessageA(child, control.kind() == Kind::ComboBox ? CB_ADDSTRING : LB_ADDSTRING, 0,
                            reinterpret_cast<LPARAM>(control.items().back().c_str()));
+            if (control.kind() == Kind::ListBox) widenFor(child, &control.items().back(), &control.items().back() + 1);
         }
         break;
     case Prop::Interval: break;
@@ -410,6 +437,26 @@ void Win32Renderer::FormWindow::mirrorNodes(Control& tree, HWND window, Prop wha
     }
     freezeWhileGrowing(window);
     insertNode(tree, window, tree.nodes().size() - 1);
+}
+
+// A row wider than the list gets a horizontal scroll bar to reach its end
+// (a registry warning row is often longer than the list is wide).
+void Win32Renderer::FormWindow::widenFor(HWND list, const std::string* first, const std::string* last) {
+    if (first == last) return;
+    HDC dc = ::GetDC(list);
+    if (!dc) return;
+    HGDIOBJ old = ::SelectObject(dc, fonts.plain);
+    int widest = widestRow[list];
+    for (const std::string* row = first; row != last; ++row) {
+        SIZE size{};
+        ::GetTextExtentPoint32A(dc, row->c_str(), static_cast<int>(std::strlen(row->c_str())), &size);
+        widest = std::max(widest, static_cast<int>(size.cx) + 8);
+    }
+    ::SelectObject(dc, old);
+    ::ReleaseDC(list, dc);
+    if (widest == widestRow[list]) return;
+    widestRow[list] = widest;
+    ::SendMessageA(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 
 void Win32Renderer::FormWindow::mirrorToolTip(Control& control, HWND window) {

@@ -63,3 +63,17 @@ wait_for_primary_scan() {  # data file
     auto wait-no-window @intCheck >/dev/null
     auto wait-window "Welcome to Tarvelon" >/dev/null
 }
+
+# A picture of one window in docs/screenshots/ (SCREENSHOTS), which must show
+# more than a blank window. Under Wine on a screen without a window manager, a
+# window that lies wholly inside another visible one stays black; the corner
+# keeps it clear of them.
+shoot() {  # window title, picture name
+    local rect width height left top colours
+    [ "$1" == "Welcome to Tarvelon" ] || auto move "$1" 0 0 >/dev/null
+    rect=$(auto settle "$1")
+    read -r width height left top <<<"$rect"
+    xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage -strip "$SCREENSHOTS/$2.png"
+    colours=$(identify -format '%k' "$SCREENSHOTS/$2.png")
+    [ "$colours" -gt 8 ] || fail "$2.png is nearly blank ($colours colours)"
+}

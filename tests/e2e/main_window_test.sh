@@ -41,10 +41,16 @@ start_program "$app" ""
 auto wait-window "$main" >/dev/null
 
 pages=(intF regF appF setFq settF repF Frame2)
+# A click is posted: the page may change a moment after the helper returns.
 expect_only_page() {
-    local page shown=()
-    for page in "${pages[@]}"; do
-        [ "$(auto shown "$main" "$page")" == 1 ] && shown+=("$page")
+    local page shown=() deadline=$((SECONDS + 10))
+    while :; do
+        shown=()
+        for page in "${pages[@]}"; do
+            [ "$(auto shown "$main" "$page")" == 1 ] && shown+=("$page")
+        done
+        [ "${shown[*]}" == "$1" ] || [ $SECONDS -ge $deadline ] && break
+        sleep 0.2
     done
     expect_eq "pages shown" "$1" "${shown[*]}"
 }

@@ -11,19 +11,6 @@ main="Welcome to Tarvelon"
 manager="Add/Remove Custom Integrity Scan Folders"
 system=$WINEPREFIX/drive_c/windows/system32
 
-# Under Wine on a screen without a window manager, a window that lies wholly
-# inside another visible one stays black; the corner keeps it clear of them.
-shoot() {  # window title, picture name
-    local rect
-    [ "$1" == "$main" ] || auto move "$1" 0 0 >/dev/null
-    rect=$(auto settle "$1")
-    read -r width height left top <<<"$rect"
-    xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage -strip "$SCREENSHOTS/$2.png"
-    local colours
-    colours=$(identify -format '%k' "$SCREENSHOTS/$2.png")
-    [ "$colours" -gt 8 ] || fail "$2.png is nearly blank ($colours colours)"
-}
-
 app=$(new_program_folder)
 mkdir -p "$app/Data"
 # A baseline of the system directory in which two DLLs changed and an EXE is new.

@@ -1,20 +1,12 @@
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "regwatch/reg_class.h"
-#include "tests/win/win_fixture.h"
+#include "tests/win/regwatch_fixture.h"
 
 namespace tv::test {
 namespace {
-
-void deleteTree(HKEY parent, const std::string& subKey) {
-    HKEY key = nullptr;
-    if (::RegOpenKeyExA(parent, subKey.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
-    char child[256];
-    while (::RegEnumKeyA(key, 0, child, sizeof child) == ERROR_SUCCESS) deleteTree(key, child);
-    ::RegCloseKey(key);
-    ::RegDeleteKeyA(parent, subKey.c_str());
-}
 
 // A scratch key of this test under HKEY_CURRENT_USER, removed afterwards.
 class RegClassTest : public WinTest {
@@ -24,7 +16,7 @@ protected:
     }
     ~RegClassTest() override {
         ::RegCloseKey(key);
-        deleteTree(HKEY_CURRENT_USER, subKey);
+        deleteKeyTree(HKEY_CURRENT_USER, subKey);
     }
     static std::string name() { return ::testing::UnitTest::GetInstance()->current_test_info()->name(); }
     void put(const std::string& value, DWORD type, const std::string& bytes) {
@@ -52,15 +44,44 @@ TEST_F(RegClassTest, ValuesFoldIntoTextByTheirType) {
     EXPECT_EQ(reg.getValue("missing"), "");
 }
 
-TEST_F(RegClassTest, FixedBuffersDecideWhatIsSeen) {
-    put("first", REG_SZ, std::string("short\0", 6));
-    put("whole", REG_SZ, std::string(255, 'w') + '\0');  // 256 bytes
-    put("long", REG_SZ, std::string(256, 'l') + '\0');   // 257 bytes
+TEST_F(RegClassTest, ALargeValueEndsTheListingSilently) {
+    put("a first", REG_SZ, std::string("x\0", 2));
+    put("b second", REG_BINARY, std::string(300, 'b'));
+    put("c third", REG_SZ, std::string("y\0", 2));
     ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
-    EXPECT_EQ(reg.getValue("whole"), std::string(255, 'w'));
-    EXPECT_EQ(reg.getValue("long"), "");
-    // The listing ends at the first value whose data is over 240 bytes.
-    EXPECT_EQ(reg.getAllValues(), std::vector<std::string>{"first"});
+    EXPECT_EQ(reg.getAllValues(), std::vector<std::string>{"a first"});
+    EXPECT_EQ(reg.getValue("c third"), "y");  // still readable by name
+}
+
+TEST_F(RegClassTest, EverySizeOfEveryTypeReadsWholeOrNotAtAll) {
+    ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
+    for (const DWORD type : {REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ, REG_BINARY, REG_DWORD, REG_NONE}) {
+        for (const std::size_t size : {0u, 1u, 255u, 256u, 257u, 65536u}) {
+            std::string bytes(size, '7');
+            if (size > 0 && type != REG_BINARY && type != REG_DWORD && type != REG_NONE) bytes.back() = '\0';
+            put("value", type, bytes);
+            const std::string text = reg.getValue("value");
+            const std::string what = std::to_string(type) + "/" + std::to_string(size);
+            if (size > 256) {
+                EXPECT_EQ(text, "") << what;
+            } else if (type == REG_SZ) {
+                EXPECT_EQ(text, std::string(size > 0 ? size - 1 : 0, '7')) << what;
+            } else if (type == REG_BINARY) {
+                EXPECT_EQ(text.size(), (size > 0 ? size - 1 : 0) * 3) << what;
+            } else {
+                EXPECT_EQ(text.size(), 256u) << what;
+                EXPECT_EQ(text.substr(0, size > 0 ? size - 1 : 0), std::string(size > 0 ? size - 1 : 0, '7')) << what;
+            }
+        }
+    }
+}
+
+TEST_F(RegClassTest, ThousandsOfValuesAreListedInOneGo) {
+    for (int i = 0; i < 3000; ++i) put("n" + std::to_string(10000 + i), REG_SZ, std::string("v\0", 2));
+    ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
+    const auto names = reg.getAllValues();
+    ASSERT_EQ(names.size(), 3000u);
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 3000u);
 }
 
 TEST_F(RegClassTest, SubKeysAndValueNamesAreListed) {

@@ -1,0 +1,143 @@
+// Times the registry pass as the program runs it: the real main window shown
+// on its RegWatch page, the real registry and the snapshot's profile calls.
+// Prints the median time of the repetitions of each pass.
+//
+//   regwatch_bench <values> <repetitions> <program\>
+//     Puts <values> values under HKEY_CURRENT_USER's Run key (taken out again
+//     at the end), then times the recording pass of a first start (the
+//     snapshot made anew and every value written into it), a comparing pass
+//     at once after it, and the comparing pass of a later Refresh with
+//     nothing changed. The system's profile calls read a file written in the
+//     last 2.1 seconds anew at every call (its time stamp may not have
+//     changed yet), so the later pass waits until the snapshot is older.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/win32/win32_platform.h"
+#include "platform/win32/win32_renderer.h"
+#include "regwatch/registry_pass.h"
+#include "regwatch/registry_text.h"
+#include "ui/main_window.h"
+
+namespace {
+
+constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+struct SilentBoxes final : tv::MessageBoxes {
+    int show(const std::string&, const std::string&, unsigned) override { return tv::box::Ok; }
+};
+
+// Names and commands as varied as those of a real machine's Run keys: they
+// differ from their first letter on.
+std::string valueName(int i) {
+    std::string name;
+    for (unsigned n = static_cast<unsigned>(i) * 2654435761u + 12345u, letters = 0; letters < 8; ++letters, n /= 26)
+        name += static_cast<char>((letters == 0 ? 'A' : 'a') + n % 26);
+    return name + " Helper " + std::to_string(i);
+}
+
+std::string valueData(int i) {
+    const std::string name = valueName(i);
+    return "C:\\Program Files\\" + name + "\\" + name.substr(0, 8) + ".exe /background";
+}
+
+// The values, or with `remove` their removal.
+bool putValues(int count, bool remove) {
+    HKEY key = nullptr;
+    if (::RegCreateKeyExA(HKEY_CURRENT_USER, kRunKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr) !=
+        ERROR_SUCCESS)
+        return false;
+    bool ok = true;
+    for (int i = 0; i < count; ++i) {
+        const std::string name = valueName(i);
+        if (remove) {
+            ::RegDeleteValueA(key, name.c_str());
+            continue;
+        }
+        const std::string data = valueData(i);
+        ok = ok && ::RegSetValueExA(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(data.c_str()),
+                                    static_cast<DWORD>(data.size() + 1)) == ERROR_SUCCESS;
+    }
+    ::RegCloseKey(key);
+    return ok;
+}
+
+double timed(const std::function<void()>& run) {
+    LARGE_INTEGER frequency, start, end;
+    ::QueryPerformanceFrequency(&frequency);
+    ::QueryPerformanceCounter(&start);
+    run();
+    ::QueryPerformanceCounter(&end);
+    return static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+double median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: regwatch_bench <values> <repetitions> <program\\>\n");
+        return 2;
+    }
+    const int count = std::atoi(argv[1]);
+    const int repetitions = std::max(1, std::atoi(argv[2]));
+
+    tv::win32::Win32System system;
+    SilentBoxes boxes;
+    tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
+    tv::AppContext ctx({system.files, system.profiles, system.shell, boxes, system.processes, system.loop, renderer,
+                        system.registry, system.clock, system.windows, system.power, system.shortcuts});
+    ctx.appPath = argv[3];
+    ctx.regFile = ctx.appPath + "Data\\Registry.dat";
+    system.files.makeFolder(ctx.appPath + "Data\\");
+
+    tv::ui::MainWindow window;
+    renderer.attach(window);
+    window.norms2();
+    window.regF.setVisible(true);
+    window.setVisible(true);
+    tv::RegistryPass pass(ctx, window.regWatch);
+
+    if (!putValues(count, false)) {
+        std::fprintf(stderr, "regwatch_bench: the values could not be put into the registry\n");
+        putValues(count, true);
+        return 1;
+    }
+    std::vector<double> recording, comparingAtOnce, comparing;
+    bool clean = true;
+    for (int r = 0; r < repetitions && clean; ++r) {
+        system.files.remove(ctx.regFile);
+        recording.push_back(timed([&] { pass.checkRegFile(); }));
+        comparingAtOnce.push_back(timed([&] { pass.setReg(); }));
+        ::Sleep(2500);
+        comparing.push_back(timed([&] { pass.setReg(); }));
+        const auto& rows = window.regWatch.List5.items();
+        clean = rows.size() == 2 && rows[1] == tv::kNoWarnings;
+    }
+    const std::size_t nodes = window.regWatch.TreeView1.nodes().size();
+    // The same writes into a new file without the pass around them: the
+    // system's own share of a recording.
+    const std::string alone = ctx.appPath + "Data\\Alone.dat";
+    system.files.remove(alone);
+    const double writesAlone = timed([&] {
+        for (int i = 0; i < count; ++i)
+            system.profiles.put("CU/R", valueName(i), tv::storedTextOf(valueData(i)), alone);
+    });
+    system.files.remove(alone);
+    putValues(count, true);
+    if (!clean) {
+        std::fprintf(stderr, "regwatch_bench: a pass right after recording gave warnings\n");
+        return 1;
+    }
+    std::printf("record=%.6f compare-at-once=%.6f compare=%.6f writes-alone=%.6f nodes=%zu\n", median(recording),
+                median(comparingAtOnce), median(comparing), writesAlone, nodes);
+    return 0;
+}

@@ -1,0 +1,43 @@
+#include "regwatch/pending_boot.h"
+
+#include "core/text.h"
+
+namespace tv {
+namespace {
+
+constexpr std::string_view kRenamePrefix = "\\??\\";
+
+}  // namespace
+
+std::vector<WininitEntry> parseWininit(std::string_view text) {
+    std::vector<WininitEntry> entries;
+    for (std::string& line : splitText(text, "\r\n")) {
+        const std::size_t equals = line.find('=');
+        if (equals == std::string::npos) continue;
+        const bool deletes = upperCase(std::string_view(line).substr(0, equals)) == "NUL";
+        // Behind the first "=" up to the first "*!*": the mark put behind the
+        // line ends it when the line itself holds none.
+        line += "*!*";
+        const std::size_t end = line.find("*!*", equals + 1);
+        entries.push_back({line.substr(equals + 1, end - equals - 1), deletes});
+    }
+    return entries;
+}
+
+std::vector<std::string> parsePendingRenames(std::string_view value) {
+    const std::vector<std::string> parts = splitText(value, kRenamePrefix);
+    std::vector<std::string> files;
+    if (parts.size() < 2) return files;
+    for (const std::string& part : parts) {
+        if (trimBlanks(part).empty()) continue;
+        const std::size_t nul = part.find('\0');
+        files.push_back(nul == std::string::npos ? std::string() : trimBlanks(part.substr(0, nul)));
+    }
+    return files;
+}
+
+std::string pendingRow(const WininitEntry& entry) {
+    return entry.file + (entry.deletes ? kDeletedSuffix : kOverwrittenSuffix);
+}
+
+}  // namespace tv

@@ -1,0 +1,220 @@
+#include "regwatch/regwatch_actions.h"
+
+#include "avshell/scanner_launch.h"
+#include "core/file_utils.h"
+#include "core/text.h"
+#include "logging/write_log.h"
+#include "regwatch/file_path_cut.h"
+#include "regwatch/pending_boot.h"
+#include "regwatch/reg_class.h"
+#include "regwatch/registry_pass.h"
+#include "regwatch/regwatch_page.h"
+
+namespace tv {
+namespace {
+
+constexpr const char* kScanOneCaption = "Scan File for Viruses";
+constexpr const char* kScanAllCaption = "Scan all Files for Viruses";
+constexpr const char* kRunKeyParent = "Software\\Microsoft\\Windows\\CurrentVersion\\";
+// The words the pending view's selection skips; its heading has other words.
+constexpr const char* kOldPendingHeading =
+    "The Following Files are to be Deleted or Overwritten on the next Reboot.";
+constexpr const char* kRegistryLogTitle = "Registry Action - Scan and Update Multiple Entries,";
+constexpr const char* kPendingLogTitle =
+    "Precautionary Scan - These files were to be renamed/deleted/overwritten at startup,";
+
+// The text in front of the first `mark`, or all of it.
+std::string inFrontOf(const std::string& text, const char* mark) {
+    const std::size_t at = inStr(1, text, mark);
+    return at == 0 ? text : leftText(text, at - 1);
+}
+
+}  // namespace
+
+RegWatchActions::RegWatchActions(AppContext& ctx, ui::RegWatchPage& page, RegistryPass& pass)
+    : ctx_(ctx), page_(page), pass_(pass) {
+    page_.Command1.onClick = [this] { refresh(); };
+    page_.Command3.onClick = [this] { deleteKey(); };
+    page_.Command11.onClick = [this] { scanFile(); };
+    page_.cScnUpd.onClick = [this] { scanAndUpdateWarnings(); };
+    page_.cMod.onClick = [this] { showPendingOperations(); };
+    page_.List5.onChange = [this] { warningChosen(); };
+    page_.TreeView1.onNodeClick = [this] { nodeChosen(); };
+    page_.TreeView1.onExpand = [this](std::size_t, bool) { nodeOpenedOrClosed(); };
+    page_.List6.onChange = [this] { pendingFileChosen(); };
+}
+
+void RegWatchActions::enableEntryButtons(bool enabled) {
+    page_.Command11.setEnabled(enabled);
+    page_.Command3.setEnabled(enabled);
+}
+
+void RegWatchActions::refresh() {
+    page_.Command11.setCaption(kScanOneCaption);
+    page_.TreeView1.setVisible(true);
+    page_.List6.setVisible(false);
+    pass_.setReg();
+}
+
+// A warning row: its root and "Loaded in <tail>" in front of the first
+// backslash become the selected entry, and "<name> (<value>)" the text. The
+// ") " put behind the row on its first choice gives a value cut at a NUL an
+// end for that text.
+void RegWatchActions::warningChosen() {
+    ui::Control& list = page_.List5;
+    const auto& rows = list.items();
+    const int index = list.value();
+    if ((rows.size() > 1 && rows[1] == kNoWarnings) || index <= 0 || static_cast<std::size_t>(index) >= rows.size()) {
+        enableEntryButtons(false);
+        return;
+    }
+    enableEntryButtons(true);
+    std::string row = rows[static_cast<std::size_t>(index)];
+    selEntry_ = inFrontOf(withTrailingBackslash(row), "\\");
+    if (rightText(row, 2) != ") ") {
+        row += ") ";
+        list.setItem(static_cast<std::size_t>(index), row);
+    }
+    page_.Text4.setCaption(getBetween(row, selEntry_.size(), "\\", ") ") + ")");
+    page_.Label19.setCaption(page_.Text4.caption());
+    list.setToolTip(row);
+}
+
+// A value's node: roots and locations (whose parent reads "HKEY...") are no
+// entries. The full path gives the root and the location's label.
+void RegWatchActions::nodeChosen() {
+    const ui::Control& tree = page_.TreeView1;
+    const std::size_t node = tree.selectedNode();
+    if (node == ui::kNoNode) return;
+    const auto& nodes = tree.nodes();
+    std::string parentText = nodes[node].parent == ui::kNoNode ? std::string() : nodes[nodes[node].parent].text;
+    if (parentText.empty()) parentText = "HKEY";
+    if (leftText(parentText, 4) == "HKEY") {
+        enableEntryButtons(false);
+        return;
+    }
+    enableEntryButtons(true);
+    page_.Label19.setCaption(nodes[node].text);
+    page_.Text4.setCaption(nodes[node].text);
+    const std::string path = withTrailingBackslash(tree.fullPath(node));
+    selEntry_ = inFrontOf(path, "\\") + "|" + getBetween(path, 1, "\\", "\\");
+}
+
+void RegWatchActions::nodeOpenedOrClosed() { enableEntryButtons(false); }
+
+void RegWatchActions::pendingFileChosen() {
+    const ui::Control& list = page_.List6;
+    if (list.value() < 0) return;
+    const std::string row = list.selectedText();
+    if (row != kOldPendingHeading) page_.Text4.setCaption(row);
+}
+
+// Only values of the Run keys are deleted, in the key the location's label
+// names ("Loaded in RunOnce": ...\CurrentVersion\RunOnce). A warning row's
+// label carries the key tail the pass gave it, so a row of another group may
+// name the wrong key, and its value then stays: the tree names the right one.
+void RegWatchActions::deleteKey() {
+    const std::size_t bar = inStr(1, selEntry_, "|");
+    const std::string root = inFrontOf(selEntry_, "|");
+    const std::string location = bar == 0 ? std::string() : midText(selEntry_, bar + 1);
+    const std::string name = trimBlanks(inFrontOf(page_.Label19.caption(), "("));
+
+    if (leftText(location, 1) == "S") {
+        // A shell\open\command value is part of how programs start at all.
+        if (ctx_.os.boxes.show("This key will not be deleted.\r\nYou must change the value manually. Would you "
+                               "like to open the Registry for Editing now?",
+                               "Caution", box::YesNo) != box::No)
+            ctx_.os.processes.start("regedit.exe", show::MinimizedFocus);
+        return;
+    }
+    const std::string path = kRunKeyParent + getBetween(location + "|", 1, "in ", "|");
+    const std::string question = "WARNING!\r\nYou are about to Delete the key: " + name + "\r\nFrom: " + root + "\\" +
+                                 path + "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
+    if (ctx_.os.boxes.show(question, kAppTitle, box::YesNo) == box::No) return;
+    RegClass reg(ctx_.os.registry);
+    if (root == "HKEY_LOCAL_MACHINE") reg.openRegistry(hive::LocalMachine, path);
+    if (root == "HKEY_CURRENT_USER") reg.openRegistry(hive::CurrentUser, path);
+    reg.deleteKey(name);  // says nothing: the refresh shows whether the value went
+    reg.closeRegistry();
+    page_.Text4.setCaption({});
+    page_.Command3.setEnabled(false);
+    refresh();
+}
+
+void RegWatchActions::scanFile() {
+    if (page_.Command11.caption() == kScanAllCaption) {
+        scanAndUpdateWarnings();
+        return;
+    }
+    const ScannerPair scanners = scannersFromSettings(ctx_);
+    const FilePathCut cut = cutToFilePath(page_.Label19.caption(), {getWinDir(ctx_), getSysDir(ctx_)},
+                                          [this](const std::string& path) { return fileThere(ctx_, path); });
+    if (!cut.found) {
+        ctx_.os.boxes.show("Cannot find file, please scan manually", kAppTitle, box::OkOnly);
+        return;
+    }
+    startEachScanner(ctx_, scanners, singleFileItem(ctx_, cut.path));
+}
+
+// Accepting is unconditional: whatever the scanners find, the values as
+// they stand now become the snapshot's.
+void RegWatchActions::scanAndUpdateWarnings() {
+    const bool pending = page_.List6.visible();
+    ui::Control& source = pending ? page_.List6 : page_.List5;
+    // A list holding no more than its heading has nothing to scan, and
+    // nothing is accepted unseen.
+    if (source.items().size() < 2) return;
+    const ScannerPair scanners = scannersFromSettings(ctx_);
+    const SearchFolders folders{getWinDir(ctx_), getSysDir(ctx_)};
+    std::string files;
+    // The list is read again for every row: a message box lets clicks in.
+    for (std::size_t row = 1; row < source.items().size(); ++row) {
+        std::string text = source.items()[row];
+        if (pending)
+            text = replaceText(replaceText(text, kDeletedSuffix, ""), kOverwrittenSuffix, "");
+        else if (rightText(text, 2) != ") ")
+            text += ") ";
+        source.setItem(row, text);
+        const FilePathCut cut =
+            cutToFilePath(text, folders, [this](const std::string& path) { return fileThere(ctx_, path); });
+        if (!cut.found && ctx_.shutAction == kNoShutdown)
+            ctx_.os.boxes.show("Unable to find the file: " + cut.text + "\r\nPlease scan manually.", kAppTitle,
+                               box::OkOnly);
+        files += singleRunItem(ctx_, cut.found ? cut.path : std::string());
+    }
+    startEachScanner(ctx_, scanners, files);
+    ctx_.regNew = true;
+    pass_.setReg();
+    std::string report = (pending ? kPendingLogTitle : kRegistryLogTitle) + files;
+    writeLog(ctx_, report);
+    ctx_.regNew = false;
+}
+
+void RegWatchActions::showPendingOperations() {
+    for (ui::Control* button : {&page_.Command3, &page_.Command11, &page_.cScnUpd}) button->setEnabled(false);
+    page_.Command11.setCaption(kScanAllCaption);
+    page_.TreeView1.setVisible(false);
+    page_.List6.setVisible(true);
+    // The rows go to the list at once: a wininit.ini can hold very many.
+    std::vector<std::string> rows{kPendingHeading};
+    const std::string wininit = getWinDir(ctx_) + kWininitName;
+    if (fileThere(ctx_, wininit)) {
+        const auto text = ctx_.os.files.readAll(wininit);
+        if (!text) {  // gone or locked since: the list stays as far as it got
+            page_.List6.setItems(std::move(rows));
+            return;
+        }
+        for (const WininitEntry& entry : parseWininit(*text)) rows.push_back(pendingRow(entry));
+    }
+    RegClass reg(ctx_.os.registry);
+    reg.openRegistry(hive::LocalMachine, kPendingRenameKey);
+    for (std::string& file : parsePendingRenames(reg.getValue(kPendingRenameValue))) rows.push_back(std::move(file));
+    reg.closeRegistry();
+    page_.List6.setItems(std::move(rows));
+    if (page_.List6.items().size() >= 2)
+        page_.Command11.setEnabled(true);
+    else
+        ctx_.os.boxes.show("No files will be modified or deleted on Restart!", kAppTitle, box::OkOnly);
+}
+
+}  // namespace tv
