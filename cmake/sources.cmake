@@ -55,7 +55,9 @@ set(TARVELON_CORE_SOURCES
   shutdown/logoff_dialog.cpp
   shutdown/logoff_form.cpp
   shutdown/power_off.cpp
+  shutdown/secure_shut_down.cpp
   shutdown/shutdown_progress_form.cpp
+  shutdown/shutdown_sequence.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/about_page.cpp

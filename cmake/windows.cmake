@@ -26,10 +26,15 @@ add_executable(TarvelonLow WIN32
 target_include_directories(TarvelonLow PRIVATE ${PROJECT_SOURCE_DIR}/packaging)
 target_link_libraries(TarvelonLow PRIVATE tarvelon_win32)
 set_target_properties(TarvelonLow PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-# The help pages lie beside the program file, as they are installed.
-add_custom_command(TARGET TarvelonLow POST_BUILD
-  COMMAND ${CMAKE_COMMAND} -E rm -rf $<TARGET_FILE_DIR:TarvelonLow>/Help
-  COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/packaging/help $<TARGET_FILE_DIR:TarvelonLow>/Help)
+# The help pages lie beside the program file, as they are installed, and are
+# copied again whenever one of them changes.
+file(GLOB TARVELON_HELP_PAGES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/help/*)
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/help.stamp
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${CMAKE_BINARY_DIR}/Help
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/packaging/help ${CMAKE_BINARY_DIR}/Help
+  COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/help.stamp
+  DEPENDS ${TARVELON_HELP_PAGES})
+add_custom_target(help_pages ALL DEPENDS ${CMAKE_BINARY_DIR}/help.stamp)
 
 if(TARVELON_TESTS)
   add_subdirectory(tools)

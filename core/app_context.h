@@ -67,6 +67,9 @@ struct AppContext {
     // main window exists.
     const ui::Control* autoLogging = nullptr;
     const ui::Control* scannerFocus = nullptr;
+    // The progress bar a scan inside Secure Shut Down moves; null until the
+    // shut-down windows exist.
+    ui::Control* shutDownProgress = nullptr;
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;

@@ -114,6 +114,8 @@ void comparePass(AppContext& ctx, ui::ScanWindow& window) {
                 window.Label9.setCaption(std::to_string(scan.failCount));
                 window.Label8.setCaption(std::to_string(scan.newCount));
                 window.Label7.setCaption(std::to_string(figures.done - scan.failCount - scan.newCount));
+            } else if (ctx.shutDownProgress) {
+                ctx.shutDownProgress->setValue(figures.passPercent);  // the window of the shut-down
             }
             pump.getInputState();
         }

@@ -24,15 +24,21 @@ std::vector<WininitEntry> parseWininit(std::string_view text) {
     return entries;
 }
 
+std::vector<std::string> pendingRenameParts(std::string_view value) {
+    std::vector<std::string> parts = splitText(value, kRenamePrefix);
+    if (parts.size() < 2) parts.clear();
+    return parts;
+}
+
+std::string pendingRenameFile(std::string_view part) {
+    const std::size_t nul = part.find('\0');
+    return nul == std::string_view::npos ? std::string() : trimBlanks(part.substr(0, nul));
+}
+
 std::vector<std::string> parsePendingRenames(std::string_view value) {
-    const std::vector<std::string> parts = splitText(value, kRenamePrefix);
     std::vector<std::string> files;
-    if (parts.size() < 2) return files;
-    for (const std::string& part : parts) {
-        if (trimBlanks(part).empty()) continue;
-        const std::size_t nul = part.find('\0');
-        files.push_back(nul == std::string::npos ? std::string() : trimBlanks(part.substr(0, nul)));
-    }
+    for (const std::string& part : pendingRenameParts(value))
+        if (!trimBlanks(part).empty()) files.push_back(pendingRenameFile(part));
     return files;
 }
 

@@ -24,10 +24,17 @@ struct WininitEntry {
 // behind it, up to a "*!*" if the line holds one. Neither side is trimmed.
 std::vector<WininitEntry> parseWininit(std::string_view text);
 
-// The value's text as the registry access reads it, split at "\??\": every
-// part that is not blank gives the text in front of its first NUL, trimmed
-// (empty when it has no NUL). A text without the prefix gives nothing. The
-// two files of a rename come out as two files.
+// The value's text as the registry access reads it, split at "\??\": the
+// text in front of the first prefix, then one part per prefix. A text without
+// the prefix gives no parts at all.
+std::vector<std::string> pendingRenameParts(std::string_view value);
+
+// The file of one part: the text in front of its first NUL, trimmed; empty
+// when it has no NUL.
+std::string pendingRenameFile(std::string_view part);
+
+// Every part that is not blank gives its file. The two files of a rename come
+// out as two files.
 std::vector<std::string> parsePendingRenames(std::string_view value);
 
 // A wininit.ini entry as the pending view lists it.

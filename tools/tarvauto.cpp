@@ -17,6 +17,7 @@
 //   tarvauto settle <title>                  repaint the window now; prints its client area on the screen, "W H X Y"
 //   tarvauto restore <title>                 bring a minimised window back to its normal size
 //   tarvauto move <title> <x> <y>            put the window's top left corner there on the screen
+//   tarvauto close <title>                   press the window's close box
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
 //   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
@@ -456,6 +457,12 @@ int run(int argc, char** argv) {
         HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && controlText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
+    }
+    if (command == "close") {
+        HWND window = waitTopLevel(arg(1));
+        if (!window) return fail();
+        ::PostMessageA(window, WM_CLOSE, 0, 0);
+        return 0;
     }
     if (command == "move") {
         HWND window = waitTopLevel(arg(1));

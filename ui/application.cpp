@@ -13,9 +13,10 @@
 #include "integrity/folder_scan_actions.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
-#include "ui/advanced_actions.h"
 #include "regwatch/registry_pass.h"
 #include "regwatch/regwatch_actions.h"
+#include "shutdown/secure_shut_down.h"
+#include "ui/advanced_actions.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -69,6 +70,20 @@ ScanDriver& Application::scanDriver() {
     scanWindow();
     return *scanDriver_;
 }
+
+SecureShutDown& Application::secureShutDown() {
+    if (!shutDown_)
+        shutDown_ = std::make_unique<SecureShutDown>(ctx_, scannerChoice(), mForm1_->regWatch.List5, *this);
+    return *shutDown_;
+}
+
+void Application::startIntegrityScan() { scanDriver().loadUp(); }
+
+void Application::runRegistryPass() { regPass_->setReg(); }
+
+void Application::scanAndUpdateWarnings() { regActions_->scanAndUpdateWarnings(); }
+
+void Application::afterShutDownScan() { secureShutDown().sequence.preShut2(); }
 
 CustomFolderForm& Application::customFolders() {
     if (!iCust_) {
@@ -145,15 +160,18 @@ void Application::actOnCommandLine() {
         scanWindow().setMinimised(true);  // a log-on check keeps out of the way
         return;
     }
-    case RunSwitch::Scheduled:
-        ctx_.schedRun = true;
-        break;
     case RunSwitch::SecureShutDown:
-    case RunSwitch::Interactive:
-        break;
+        mForm1_->setVisible(false);
+        if (secureShutDown().dialog.load()) secureShutDown().frmLogoff.setVisible(true);
+        return;
+    case RunSwitch::Scheduled:
+        // Nobody waits at a scheduled run: the dialog is skipped.
+        mForm1_->setVisible(false);
+        ctx_.schedRun = true;
+        if (secureShutDown().dialog.load()) secureShutDown().sequence.preShut0();
+        return;
+    case RunSwitch::Interactive: break;
     }
-    // The shut-down window takes over its runs once it is part of the program;
-    // until then /s and /a open the main window.
     mForm1_->setVisible(true);
 }
 

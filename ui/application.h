@@ -7,6 +7,7 @@
 #include "core/app_context.h"
 #include "core/run_switch.h"
 #include "integrity/scan_host.h"
+#include "shutdown/shutdown_sequence.h"
 
 namespace tv {
 class ScanDriver;
@@ -14,6 +15,7 @@ class FindingsAction;
 class FolderScanActions;
 class RegistryPass;
 class RegWatchActions;
+class SecureShutDown;
 }
 
 namespace tv::ui {
@@ -27,7 +29,7 @@ class AdvancedActions;
 class ScannerChoiceForm;
 class ScanWindow;
 
-class Application final : public ScanHost {
+class Application final : public ScanHost, public ShutdownHost {
 public:
     explicit Application(PlatformSet os);
     ~Application();
@@ -47,6 +49,8 @@ public:
     // Scan && Update Warnings (cScnUpd), which the secure shut-down calls too.
     RegistryPass& registryPass() { return *regPass_; }
     RegWatchActions& regWatch() { return *regActions_; }
+    // The Secure Shut Down windows and sequence, created on first use.
+    SecureShutDown& secureShutDown();
     // iCust, the custom folder manager, created hidden on first use.
     CustomFolderForm& customFolders();
     CustomFolderManager& customFolderManager();
@@ -69,8 +73,13 @@ public:
     void startScanWindow() override;
     void endProgram() override { endProcess(); }
     void pressResultAction() override;
-    void afterShutDownScan() override {}
+    void afterShutDownScan() override;
     void startFirstCustomScan(const std::string& folder, const std::string& datFile) override;
+
+    // What the Secure Shut Down sequence asks of the program.
+    void startIntegrityScan() override;
+    void runRegistryPass() override;
+    void scanAndUpdateWarnings() override;
 
 private:
     void fixPaths();
@@ -93,6 +102,7 @@ private:
     std::unique_ptr<FindingsAction> findings_;
     std::unique_ptr<CustomFolderForm> iCust_;
     std::unique_ptr<CustomFolderManager> custManager_;
+    std::unique_ptr<SecureShutDown> shutDown_;
     bool ended_ = false;
 };
 

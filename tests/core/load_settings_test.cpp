@@ -2,6 +2,7 @@
 
 #include "avshell/scanner_choice_form.h"
 #include "core/settings_text.h"
+#include "shutdown/secure_shut_down.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/load_settings.h"
@@ -84,12 +85,13 @@ TEST_F(StartUp, SwitchedRunWithoutBaselineEndsWithItsMessage) {
 }
 
 TEST_F(StartUp, EmptyDataFilePassesTheBaselineTest) {
-    os.processes.line = "TarvelonLow.exe /a";
+    os.processes.line = "TarvelonLow.exe /s";
     settings(newSettingsFileText());
     os.files.put("C:\\Tarvelon\\Data\\Integrity.dat", "");
     app.load();
     EXPECT_TRUE(os.boxes.shown.empty());
-    EXPECT_TRUE(ctx.schedRun);
+    EXPECT_TRUE(app.secureShutDown().frmLogoff.visible());
+    EXPECT_FALSE(app.mainForm().visible());
     EXPECT_FALSE(os.loop.quitCalled);
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/file_utils.h"
 #include "regwatch/pending_boot.h"
+#include "tests/win/pending_sources.h"
 #include "tests/win/regwatch_fixture.h"
 #include "ui/main_actions.h"
 
@@ -223,40 +224,14 @@ TEST_F(RegWatchScanTest, ScanAndUpdateHandsEveryWarningInOneRunThenAcceptsAndRep
     EXPECT_EQ(scannedLines(4).size(), 4u);
 }
 
-// A wininit.ini in the prefix's Windows folder and a pending rename value,
-// both pointing into the test's folder, and both taken away afterwards: Wine
-// carries them out when the prefix starts.
+// A wininit.ini and a pending rename value, both pointing into the test's folder.
 class PendingViewTest : public RegWatchScanTest {
 protected:
-    PendingViewTest() {
-        wininit = getWinDir(ctx) + kWininitName;
-        ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, kPendingRenameKey, 0, KEY_ALL_ACCESS, &session);
-        DWORD size = 0;
-        hadValue = ::RegQueryValueExA(session, kPendingRenameValue, nullptr, &type, nullptr, &size) == ERROR_SUCCESS;
-        before.resize(size);
-        if (hadValue)
-            ::RegQueryValueExA(session, kPendingRenameValue, nullptr, &type, reinterpret_cast<BYTE*>(before.data()),
-                               &size);
-    }
-    ~PendingViewTest() override {
-        files.remove(wininit);
-        if (hadValue)
-            ::RegSetValueExA(session, kPendingRenameValue, 0, type, reinterpret_cast<const BYTE*>(before.data()),
-                             static_cast<DWORD>(before.size()));
-        else
-            ::RegDeleteValueA(session, kPendingRenameValue);
-        ::RegCloseKey(session);
-    }
-    void pendingValue(const std::string& bytes) {
-        ::RegSetValueExA(session, kPendingRenameValue, 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(bytes.data()),
-                         static_cast<DWORD>(bytes.size()));
-    }
+    PendingViewTest() : sources(getWinDir(ctx)), wininit(sources.wininit()) {}
+    void pendingValue(const std::string& bytes) { sources.pendingValue(bytes); }
 
-    std::string wininit;
-    HKEY session = nullptr;
-    bool hadValue = false;
-    DWORD type = 0;
-    std::string before;
+    PendingSources sources;
+    const std::string& wininit;
 };
 
 TEST_F(PendingViewTest, WininitAndTheRenameValueAreListedAndScannedAsAPrecaution) {
