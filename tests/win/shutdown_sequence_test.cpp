@@ -167,6 +167,16 @@ TEST_F(ShutdownSequenceTest, TheSecondScannerStartsWithoutFilesWhileTheFirstWait
     EXPECT_EQ(power.calls, (Lines{"privilege", "state 1 1"}));  // nothing was logged: standby at once
 }
 
+TEST_F(ShutdownSequenceTest, OddNamesGoOutAsTheyAreAndFoldersAndThousandsOfMissingFilesAreLeftOut) {
+    writeFile("a & b^c%PATH%.tmp", "x");
+    files.makeFolder(path("folder.tmp"));
+    std::string wininit = "NUL=" + path("a & b^c%PATH%.tmp") + "\r\nNUL=" + path("folder.tmp") + "\r\n";
+    for (int n = 0; n < 5000; ++n) wininit += "NUL=" + path("gone" + std::to_string(n) + ".tmp") + "\r\n";
+    ASSERT_TRUE(files.writeAll(sources.wininit(), wininit));
+    sequence.checkWinInit();
+    EXPECT_EQ(started(), (Lines{"C:\\av\\scan.exe /x " + quoted("a & b^c%PATH%.tmp")}));
+}
+
 TEST_F(ShutdownSequenceTest, ShutDownNowActsAtOnceAndTheCloseBoxAsksFirst) {
     writeFile("old.dll", "o");
     ASSERT_TRUE(files.writeAll(sources.wininit(), "NUL=" + path("old.dll") + "\r\n"));
