@@ -44,6 +44,7 @@ set(TARVELON_CORE_SOURCES
   logging/write_log.cpp
   regwatch/reg_class.cpp
   regwatch/regwatch_page.cpp
+  platform/command_program.cpp
   platform/controls.cpp
   platform/form.cpp
   ui/about_page.cpp
