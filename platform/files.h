@@ -59,8 +59,9 @@ public:
     // over a folder use it: firstName starts listing `folder` (ending in a
     // backslash) and gives the first name, nextName the following ones, in the
     // system's order. Empty text when none is left or the folder cannot be listed.
-    // Folders come with the files, "." and ".." among them; hidden and system
-    // files are not listed. Starting a new listing ends the one before.
+    // Folders come with the files, "." and ".." among them, and every name is
+    // listed whatever its attributes (hidden and system files too). Starting a
+    // new listing ends the one before.
     virtual std::string firstName(const std::string& folder) = 0;
     virtual std::string nextName() = 0;
 

@@ -105,11 +105,13 @@ bool Win32Files::copy(const std::string& from, const std::string& to) {
 
 bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_str()) != 0; }
 
+// Every name the system lists is given, whatever its attributes: hidden and
+// system files are where malware hides.
 std::string Win32Files::firstName(const std::string& folder) {
     WIN32_FIND_DATAA found;
     listing_.reset(::FindFirstFileA((folder + "*").c_str(), &found));
     if (!listing_.valid()) return {};
-    return acceptedOrNext(found);
+    return found.cFileName;
 }
 
 std::string Win32Files::nextName() {
@@ -118,13 +120,6 @@ std::string Win32Files::nextName() {
         listing_.reset();
         return {};
     }
-    return acceptedOrNext(found);
-}
-
-// The listing names what an ordinary look at a folder shows: files and folders,
-// but not the hidden and system files.
-std::string Win32Files::acceptedOrNext(const WIN32_FIND_DATAA& found) {
-    if (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) return nextName();
     return found.cFileName;
 }
 

@@ -21,8 +21,6 @@ public:
     std::string nextName() override;
 
 private:
-    std::string acceptedOrNext(const WIN32_FIND_DATAA& found);
-
     UniqueFind listing_;  // the one directory cursor of the process
 };
 

@@ -52,16 +52,27 @@ TEST_F(Platform, TreeSearchFindsNestedFile) {
     EXPECT_EQ(loop.pumps, 4);
 }
 
-TEST_F(Platform, ListingShowsFilesAndFoldersButNotHiddenOrSystemFiles) {
+TEST_F(Platform, ListingShowsEveryFileAndFolderWhateverItsAttributes) {
     files.makeFolder(path("walk"));
     files.makeFolder(path("walk\\Sub.DLL"));
-    for (const char* name : {"a.dll", "hidden.dll", "system.dll", "b.exe"}) writeFile(std::string("walk\\") + name, "x");
-    ::SetFileAttributesA(path("walk\\hidden.dll").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    files.makeFolder(path("walk\\Hidden"));
+    std::set<std::string> expected{".", "..", "Sub.DLL", "Hidden"};
+    for (int i = 0; i < 200; ++i) {  // many hidden ones in a row
+        const std::string name = "hidden" + std::to_string(i) + ".dll";
+        writeFile("walk\\" + name, "x");
+        ::SetFileAttributesA(path("walk\\" + name).c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+        expected.insert(name);
+    }
+    for (const char* name : {"a.dll", "system.dll", "b.exe"}) {
+        writeFile(std::string("walk\\") + name, "x");
+        expected.insert(name);
+    }
     ::SetFileAttributesA(path("walk\\system.dll").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    ::SetFileAttributesA(path("walk\\Hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
     std::set<std::string> names;
     for (std::string name = files.firstName(path("walk\\")); !name.empty(); name = files.nextName())
         names.insert(name);
-    EXPECT_EQ(names, (std::set<std::string>{".", "..", "Sub.DLL", "a.dll", "b.exe"}));
+    EXPECT_EQ(names, expected);
     EXPECT_EQ(files.firstName(path("no-such-folder\\")), "");
     EXPECT_EQ(files.nextName(), "");  // a failed start ends the listing before
 }
