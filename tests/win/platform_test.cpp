@@ -230,22 +230,51 @@ TEST_F(Renderer, CheckListTicksAreItsRowsSelections) {
     EXPECT_GT(::SendMessageA(hwnd, LB_GETSEL, 1, 0), 0);
 }
 
-TEST_F(Renderer, ColouredCheckBoxPaintsWithItsColours) {
-    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 150, 24}, "Scan this Folder");
+// A check box given colours of its own is drawn by the renderer (an owner-drawn
+// button, which no visual style draws), so that its colours show with styles
+// and without: white on dark blue and black on red stand in its pixels.
+TEST_F(Renderer, CheckBoxInColoursOfItsOwnIsDrawnInThem) {
+    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 240, 24}, "Scan this Folder at Startup (AutoLoad)");
+    int clicks = 0;
+    box.onClick = [&] { ++clicks; };
     real.attach(form);
+    form.setVisible(true);
     HWND hwnd = childNamed("Check1");
-    HDC dc = ::GetDC(hwnd);
-    ::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
-                   reinterpret_cast<LPARAM>(hwnd));
-    EXPECT_EQ(::GetTextColor(dc), ::GetSysColor(COLOR_WINDOWTEXT));  // the system's own colours
+    const auto type = [hwnd] { return ::GetWindowLongA(hwnd, GWL_STYLE) & BS_TYPEMASK; };
+    const auto captionColours = [hwnd] {  // right of the box
+        ::RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        std::set<COLORREF> seen;
+        HDC dc = ::GetDC(hwnd);
+        for (int x = 20; x < 240; ++x)
+            for (int y = 0; y < 24; ++y) seen.insert(::GetPixel(dc, x, y));
+        ::ReleaseDC(hwnd, dc);
+        return seen;
+    };
+    EXPECT_EQ(type(), BS_3STATE);  // in the system's colours, the system's own box
+
     box.setLook(ui::kWhite);
     box.setBackColour(0x800000);
-    EXPECT_NE(::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
-                             reinterpret_cast<LPARAM>(hwnd)),
-              0);
-    EXPECT_EQ(::GetTextColor(dc), 0xFFFFFFu);
-    EXPECT_EQ(::GetBkColor(dc), 0x800000u);
-    ::ReleaseDC(hwnd, dc);
+    box.setValue(1);
+    EXPECT_EQ(type(), BS_OWNERDRAW);
+    auto seen = captionColours();
+    EXPECT_TRUE(seen.count(0x800000));
+    EXPECT_TRUE(seen.count(0xFFFFFF));
+
+    box.setLook(ui::kBlack);
+    box.setBackColour(0x0000FF);
+    box.setValue(0);
+    seen = captionColours();
+    EXPECT_TRUE(seen.count(0x0000FF));
+    EXPECT_TRUE(seen.count(0x000000));
+    EXPECT_FALSE(seen.count(0x800000));
+
+    ::SendMessageA(::GetParent(hwnd), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(hwnd), BN_CLICKED),
+                   reinterpret_cast<LPARAM>(hwnd));
+    EXPECT_EQ(box.value(), 1);
+    EXPECT_EQ(clicks, 1);
+    box.setBackColour(ui::kSystemColour);
+    EXPECT_EQ(type(), BS_3STATE);
+    EXPECT_EQ(::SendMessageA(hwnd, BM_GETCHECK, 0, 0), BST_CHECKED);
 }
 
 TEST_F(Renderer, EnterPressesTheFocusedButtonOrTheDefaultAndEscCloses) {
