@@ -89,6 +89,20 @@ bool Win32Files::writeAll(const std::string& path, std::string_view bytes) {
     return file.valid() && writeWhole(file.get(), bytes);
 }
 
+bool Win32Files::writeThrough(const std::string& path, std::string_view bytes) {
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.valid() && writeWhole(file.get(), bytes) && ::FlushFileBuffers(file.get());
+}
+
+bool Win32Files::moveOver(const std::string& from, const std::string& to) {
+    if (::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+    if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    // Windows 98 has no replacing move.
+    if (::GetFileAttributesA(to.c_str()) != INVALID_FILE_ATTRIBUTES && !::DeleteFileA(to.c_str())) return false;
+    return ::MoveFileA(from.c_str(), to.c_str()) != 0;
+}
+
 bool Win32Files::append(const std::string& path, std::string_view bytes) {
     UniqueFile file(::CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
                                   OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
