@@ -3,6 +3,7 @@
 #include "core/file_utils.h"
 #include "core/text.h"
 #include "platform/win32/win32_base.h"
+#include "platform/win32/dll_search.h"
 #include "platform/win32/pending_texts.h"
 #include "platform/win32/win32_renderer.h"
 #include "tests/win/win_fixture.h"
@@ -86,6 +87,27 @@ TEST_F(Platform, StartedProgramRunsWithoutBeingWaitedFor) {
     EXPECT_TRUE(files.isFolder(made));
     EXPECT_FALSE(real.start("\"" + path("no-such-program.exe") + "\"", show::NormalFocus));
     EXPECT_TRUE(sameText(real.modulePath().substr(real.modulePath().size() - 13), "win_tests.exe"));
+}
+
+// The start's narrowing of the DLL search: a DLL in the current folder is no
+// longer loaded by its bare name, while the system's own still are.
+TEST_F(Platform, DllSearchLeavesTheCurrentFolderOut) {
+    ASSERT_TRUE(files.copy(getSysDir(ctx) + "msacm32.dll", path("tvprobe.dll")));
+    char previous[MAX_PATH + 1] = {};
+    ::GetCurrentDirectoryA(MAX_PATH, previous);
+    ASSERT_TRUE(::SetCurrentDirectoryA(path("").c_str()));
+    HMODULE planted = ::LoadLibraryA("tvprobe.dll");
+    EXPECT_NE(planted, nullptr);  // found in the current folder, as the system searches by default
+    if (planted) ::FreeLibrary(planted);
+
+    const win32::DllSearch done = win32::narrowDllSearch();
+    EXPECT_TRUE(done.currentFolderLeftOut);
+    EXPECT_TRUE(done.systemFolderOnly);
+    EXPECT_EQ(::LoadLibraryA("tvprobe.dll"), nullptr);
+    HMODULE system = ::LoadLibraryA("msacm32.dll");
+    EXPECT_NE(system, nullptr);
+    if (system) ::FreeLibrary(system);
+    ::SetCurrentDirectoryA(previous);
 }
 
 // The real renderer, driven through real window messages.
