@@ -25,21 +25,24 @@ bool endsValue(std::string_view line) {
     return line.size() >= 2 && line[line.size() - 2] == '*' && foldCase(line.back()) == 'e';
 }
 
-unsigned char folded(char c) { return static_cast<unsigned char>(foldCase(c)); }
-
 // The ordered beginnings of two texts, case-folded, compared byte by byte.
 int compareBeginnings(std::string_view a, std::string_view b) {
+    static const unsigned char* const fold = foldTable();
     const std::size_t lengthA = std::min(a.size(), kOrderedBytes), lengthB = std::min(b.size(), kOrderedBytes);
     const std::size_t common = std::min(lengthA, lengthB);
-    for (std::size_t i = 0; i < common; ++i)
-        if (folded(a[i]) != folded(b[i])) return folded(a[i]) < folded(b[i]) ? -1 : 1;
+    for (std::size_t i = 0; i < common; ++i) {
+        if (a[i] == b[i]) continue;
+        const unsigned char x = fold[static_cast<unsigned char>(a[i])], y = fold[static_cast<unsigned char>(b[i])];
+        if (x != y) return x < y ? -1 : 1;
+    }
     return lengthA < lengthB ? -1 : lengthA > lengthB ? 1 : 0;
 }
 
 bool beginsWith(std::string_view text, std::string_view foldedStart) {
+    static const unsigned char* const fold = foldTable();
     if (text.size() < foldedStart.size()) return false;
     for (std::size_t i = 0; i < foldedStart.size(); ++i)
-        if (folded(text[i]) != static_cast<unsigned char>(foldedStart[i])) return false;
+        if (fold[static_cast<unsigned char>(text[i])] != static_cast<unsigned char>(foldedStart[i])) return false;
     return true;
 }
 
