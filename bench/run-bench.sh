@@ -9,9 +9,11 @@
 # is reported. Then a clean log-on scan of generated system directories of
 # 5,000, 10,000 and 100,000 files runs on its window, shown and hidden, and the
 # first scan of custom folders of 2,000 and 20,000 new files runs up to their
-# saved baselines. Last, the registry pass over 200 and 2,000 Run values,
-# recording and comparing. Every command runs on core 0. Results:
-# build/bench/results.md.
+# saved baselines. Then the registry pass over 200 and 2,000 Run values,
+# recording and comparing. Last, a log-on run with the automatic action over
+# data files no healthy program writes (20 MiB of random bytes, one 20 MiB line
+# of "=", 200,000 entries in one section), with its time and peak working set.
+# Every command runs on core 0. Results: build/bench/results.md.
 #
 #   bench/run-bench.sh            everything (about fifteen minutes)
 #   bench/run-bench.sh regwatch   only the registry pass (a minute): build/bench/regwatch.md
@@ -57,7 +59,9 @@ for count in 2000 5000 10000 20000 100000; do
         { rm -rf "$folder" && bench/make-scan-folder.py "$count" "$folder"; }
     find "$folder" -type f -exec cat {} + >/dev/null
 done
-cat "$big" "$small"/* >/dev/null  # into the page cache
+hostile=$data/hostile
+[ -s "$hostile/entries.dat" ] || bench/make-hostile-data-files.py "$data/scan2000/system" "$hostile"
+cat "$big" "$small"/* "$hostile"/*.dat >/dev/null  # into the page cache
 fi
 
 start_virtual_display
@@ -70,6 +74,7 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 # runs on the same core as everything measured.
 wineserver -k
 "${pin[@]}" wineserver -p
+wine cmd /c exit >/dev/null 2>&1 || true  # Wine's services, started now, hold no output pipe
 winpath() { printf 'Z:%s' "${1//\//\\}"; }
 
 # Our time: median seconds of getChecksum over a file or a folder.
@@ -104,6 +109,17 @@ first_scan() {  # file count, repetitions
         "$(winpath "$(realpath "$data/scan$1/system")")\\" 2>/dev/null | tr -d '\r' | sed 's/median=\([0-9.]*\).*/\1/'
 }
 
+# Median seconds and peak working set of a log-on run over a hostile data file.
+hostile_run() {  # data file name
+    local program=$out/hostile-$1
+    rm -rf "$program" && mkdir -p "$program/Data/Log"
+    printf '[Tarvelon]\r\nsettings=1,1,1,1,1,1,1,0\r\nantivirus=\r\nav2=\r\nalgo=crc32\r\n' >"$program/Data/Tarvelon.dat"
+    "${pin[@]}" wine "$out/../win64/bench/scan_bench.exe" hostile 3 "$(winpath "$(realpath "$program")")\\" \
+        "$(winpath "$(realpath "$data/scan2000/system")")\\" "$(winpath "$(realpath "$hostile/$1.dat")")" \
+        2>/dev/null | tr -d '\r'
+}
+field() { sed "s/.*$1=\([0-9.]*\).*/\1/" <<<"$2"; }
+
 ratio() { python3 -c "import sys; print(f'{float(sys.argv[1]) / float(sys.argv[2]):.2f}')" "$1" "$2"; }
 
 # The registry pass over 200 and 2,000 values under HKEY_CURRENT_USER's Run
@@ -118,7 +134,6 @@ regwatch_section() {
     small=$("${pin[@]}" wine "$out/../win64/bench/regwatch_bench.exe" 200 5 "$(winpath "$(realpath "$program")")\\" 2>/dev/null | tr -d '\r')
     large=$("${pin[@]}" wine "$out/../win64/bench/regwatch_bench.exe" 2000 5 "$(winpath "$(realpath "$program")")\\" 2>/dev/null | tr -d '\r')
     rm -rf "$program"
-    field() { sed "s/.*$1=\([0-9.]*\).*/\1/" <<<"$2"; }
     echo "## Registry pass, seventeen locations, values under HKEY_CURRENT_USER's Run key (seconds, median of 5)"
     echo
     echo "| | 200 values | 2,000 values | ratio |"
@@ -189,6 +204,9 @@ scans[2000.first]=$(first_scan 2000 7)
 scans[20000.first]=$(first_scan 20000 3)
 scans[10000.checksums]=$(ours CRC32 65536 "$data/scan10000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
 scans[100000.checksums]=$(ours CRC32 65536 "$data/scan100000/system/" | sed 's/median=\([0-9.]*\).*/\1/')
+declare -A hostiles
+for name in random equals entries; do hostiles[$name]=$(hostile_run "$name"); done
+hostiles[reference]=$(scan hidden 2000 3)
 
 best() { printf '%s\n' "$@" | sort -g | head -n 1; }
 
@@ -250,5 +268,16 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo "- 20,000 / 2,000: $(ratio "${scans[20000.first]}" "${scans[2000.first]}") (at most 12)"
     echo
     regwatch_section
+    echo
+    echo "## Log-on run with the automatic action over hostile data files, 2,000 files (median of 3)"
+    echo
+    echo "| Data file | Size | Seconds | Peak working set, MiB | Before the run, MiB |"
+    echo "|---|---|---|---|---|"
+    for name in random equals entries; do
+        echo "| $name.dat | $(stat -c %s "$hostile/$name.dat") | $(field median "${hostiles[$name]}") |" \
+            "$(field peak_mib "${hostiles[$name]}") | $(field start_mib "${hostiles[$name]}") |"
+    done
+    echo
+    echo "- the same 2,000 files, clean run over their own baseline, hidden window: ${hostiles[reference]} s"
 } >"$results"
 cat "$results"

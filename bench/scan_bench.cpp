@@ -9,6 +9,12 @@
 //     The first scan of a custom folder without a data file, every file new:
 //     from the choice of the folder over the blank data file, the scan and the
 //     update of every file to the saved baseline.
+//   scan_bench hostile <repetitions> <program\> <system\> <data file>
+//     A log-on run with the automatic action over a data file that no healthy
+//     program wrote (copied into place before each repetition): from the
+//     start's load of the data file, through the scan, the update and the
+//     save, to the end of the run. Also prints the process's peak working set
+//     and its working set before the first load, in MiB.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -25,6 +31,8 @@
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_renderer.h"
 #include "tests/win/own_system_shell.h"
+
+#include <psapi.h>
 
 namespace {
 
@@ -67,20 +75,33 @@ double timed(const std::function<void()>& run) {
 
 int usage() {
     std::fprintf(stderr, "usage: scan_bench logon <shown|minimised|hidden> <repetitions> <program\\> <system\\>\n"
-                         "       scan_bench first-custom <repetitions> <program\\> <folder\\>\n");
+                         "       scan_bench first-custom <repetitions> <program\\> <folder\\>\n"
+                         "       scan_bench hostile <repetitions> <program\\> <system\\> <data file>\n");
     return 2;
+}
+
+// The working set now and at its peak, in MiB.
+std::pair<double, double> workingSet() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    ::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof counters);
+    constexpr double kMiB = 1024.0 * 1024.0;
+    return {static_cast<double>(counters.WorkingSetSize) / kMiB, static_cast<double>(counters.PeakWorkingSetSize) / kMiB};
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
-    const bool logOn = args.size() == 5 && args[0] == "logon";
+    const bool hostile = args.size() == 5 && args[0] == "hostile";
+    const bool logOn = (args.size() == 5 && args[0] == "logon") || hostile;
     const bool firstCustom = args.size() == 4 && args[0] == "first-custom";
     if (!logOn && !firstCustom) return usage();
-    const std::string display = logOn ? args[1] : "shown";
-    const int repetitions = std::max(1, std::atoi(args[logOn ? 2 : 1].c_str()));
-    const std::string program = args[logOn ? 3 : 2], folder = args[logOn ? 4 : 3];
+    const std::string display = hostile ? "hidden" : logOn ? args[1] : "shown";
+    const bool named = logOn && !hostile;  // the log-on run names its display
+    const int repetitions = std::max(1, std::atoi(args[named ? 2 : 1].c_str()));
+    const std::string program = args[named ? 3 : 2], folder = args[named ? 4 : 3];
+    const double startMiB = workingSet().first;
 
     tv::win32::Win32System system;
     tv::test::OwnSystemShell shell;
@@ -116,8 +137,19 @@ int main(int argc, char** argv) {
 
     std::vector<double> times;
     for (int r = 0; r < repetitions; ++r) {
-        tv::loadIntFile(ctx, ctx.intFile);
         host.ended = false;
+        if (hostile) {
+            system.files.copy(args[4], ctx.intFile);
+            times.push_back(timed([&] {
+                tv::loadIntFile(ctx, ctx.intFile);
+                driver.loadUp();
+                if (window.Timer1.enabled()) window.Timer1.userTick();
+            }));
+            if (host.ended) continue;
+            std::fprintf(stderr, "scan_bench: the run did not end (%s)\n", window.Label13.caption().c_str());
+            return 1;
+        }
+        tv::loadIntFile(ctx, ctx.intFile);
         if (logOn) {
             times.push_back(timed([&] {
                 driver.loadUp();
@@ -141,7 +173,8 @@ int main(int argc, char** argv) {
         }
     }
     std::sort(times.begin(), times.end());
-    std::printf("median=%.6f min=%.6f files=%s\n", times[times.size() / 2], times.front(),
-                window.Label6.caption().c_str());
+    const double peakMiB = workingSet().second;
+    std::printf("median=%.6f min=%.6f files=%s start_mib=%.1f peak_mib=%.1f\n", times[times.size() / 2],
+                times.front(), window.Label6.caption().c_str(), startMiB, peakMiB);
     return 0;
 }

@@ -51,6 +51,7 @@ set(TARVELON_CORE_SOURCES
   regwatch/registry_text.cpp
   regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  platform/command_program.cpp
   regwatch/watched_locations.cpp
   shutdown/logoff_dialog.cpp
   shutdown/logoff_form.cpp
@@ -78,6 +79,7 @@ set(TARVELON_CORE_SOURCES
 
 set(TARVELON_WIN32_SOURCES
   platform/win32/control_paint.cpp
+  platform/win32/dll_search.cpp
   platform/win32/win32_clock.cpp
   platform/win32/flat_controls.cpp
   platform/win32/win32_event_loop.cpp

@@ -59,6 +59,7 @@ std::size_t findFrom(std::string_view text, std::string_view find, std::size_t f
 }  // namespace
 
 char foldCase(char c) { return static_cast<char>(tables().lower[static_cast<unsigned char>(c)]); }
+const unsigned char* foldTable() { return tables().lower.data(); }
 char upperChar(char c) { return static_cast<char>(tables().upper[static_cast<unsigned char>(c)]); }
 
 std::string upperCase(std::string_view text) {

@@ -16,6 +16,8 @@ enum class Compare { Exact, IgnoreCase };
 // The letter case of one byte of the 8-bit code page.
 char foldCase(char c);
 char upperChar(char c);
+// foldCase as a table by byte value, for loops over many bytes.
+const unsigned char* foldTable();
 
 std::string upperCase(std::string_view text);
 std::string lowerCase(std::string_view text);

@@ -35,6 +35,22 @@ CustomFolderForm::CustomFolderForm()
     List5.setVisible(false);
     defaultButton = &Command3;
     closesOnEscape = true;
+    showAsNew();
+}
+
+void CustomFolderForm::showAsNew() {
+    List1.setValue(-1);
+    Label1.setCaption("Currently Selected:");
+    for (Control* box : {&Check1, &Check2}) {
+        box->setValue(0);
+        box->setLook(kBlack);
+        box->setBackColour(kSystemColour);
+        box->setEnabled(false);
+    }
+    for (Control* types : {&List2, &List4}) {
+        for (std::size_t type = 0; type < types->items().size(); ++type) types->setTicked(type, false);
+        types->setEnabled(false);
+    }
 }
 
 }  // namespace tv::ui

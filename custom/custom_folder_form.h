@@ -11,6 +11,10 @@ class CustomFolderForm : public Form {
 public:
     CustomFolderForm();
 
+    // The state a new load of the form starts from: no row chosen, nothing
+    // ticked, the two boxes and their type lists disabled, in the system's colours.
+    void showAsNew();
+
     Control& Label2;
     Control& List1;  // row index = slot - 1
     Control& Label3;

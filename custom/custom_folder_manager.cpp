@@ -46,6 +46,7 @@ void CustomFolderManager::show() {
 void CustomFolderManager::formLoad() {
     loaded_ = true;
     custDirty = 0;
+    form_.showAsNew();  // a form closed before is loaded anew
     startup();
 }
 
@@ -56,7 +57,9 @@ void CustomFolderManager::startup() {
     form_.List5.clearItems();
     for (int slot = 1; slot <= kSlotCount; ++slot) {
         CustomSlot record = readSlot(ctx_, slot);
-        if (record.args.empty() || record.args2.empty()) record.args = record.args2 = kNoPositions;
+        // Each list stands on its own: one that is missing does not reset the other.
+        if (record.args.empty()) record.args = kNoPositions;
+        if (record.args2.empty()) record.args2 = kNoPositions;
         const std::string folder = trimBlanks(record.path);
         form_.List1.addItem(folder == "NULL" ? emptyRow(slot) : std::to_string(slot) + ") " + folder);
         form_.List3.addItem(record.args);

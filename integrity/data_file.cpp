@@ -31,11 +31,26 @@ std::string entryIn(AppContext& ctx, const SectionBlocks& blocks, const std::str
     return trimBlanks(blocks.text[n - 1].entry(key));
 }
 
+std::string withLastThree(const std::string& path, const char* ending) {
+    return leftText(path, path.size() - std::min<std::size_t>(3, path.size())) + ending;
+}
+
+// The former file goes to the backup; the new text is written beside the file,
+// flushed to the disk, and then takes the file's place in one step. So a crash
+// or a power loss at any moment leaves the data file whole, old or new, and
+// never a half-written baseline or none at all.
+bool rewriteDataFile(Files& files, const std::string& path, const std::string& backup, std::string_view text) {
+    files.copy(path, backup);
+    const std::string pending = pendingName(path);
+    if (files.writeThrough(pending, text) && files.moveOver(pending, path)) return true;
+    files.remove(pending);
+    return false;
+}
+
 }  // namespace
 
-std::string backupName(const std::string& path) {
-    return leftText(path, path.size() - std::min<std::size_t>(3, path.size())) + "bak";
-}
+std::string backupName(const std::string& path) { return withLastThree(path, "bak"); }
+std::string pendingName(const std::string& path) { return withLastThree(path, "new"); }
 
 bool loadIntFile(AppContext& ctx, const std::string& path) { return loadInto(ctx, path, ctx.section); }
 
@@ -70,10 +85,11 @@ std::string getCustomEntry(AppContext& ctx, const std::string&, const std::strin
 }
 
 bool saveIntFile(AppContext& ctx) {
-    Files& files = ctx.os.files;
-    files.copy(ctx.intFile, ctx.appPath + "Data\\integrity.bak");
-    files.remove(ctx.intFile);
-    return files.writeAll(ctx.intFile, dataFileText(ctx.section));
+    return rewriteDataFile(ctx.os.files, ctx.intFile, ctx.appPath + "Data\\integrity.bak", dataFileText(ctx.section));
+}
+
+bool saveCustomDat(AppContext& ctx, const std::string& path) {
+    return rewriteDataFile(ctx.os.files, path, backupName(path), dataFileText(ctx.custom));
 }
 
 }  // namespace tv

@@ -34,8 +34,16 @@ std::string getCustomEntry(AppContext& ctx, const std::string& file, const std::
                            const std::string& section);
 
 // Writes the system baseline back to intFile, keeping the former file as
-// Data\integrity.bak. False when the new file could not be written.
+// Data\integrity.bak. False when the new file could not be put in place.
 bool saveIntFile(AppContext& ctx);
+
+// Writes the custom baseline in memory back to `path`, keeping the former
+// file as its backup (backupName). False as for saveIntFile.
+bool saveCustomDat(AppContext& ctx, const std::string& path);
+
+// The name a data file's new text is written under before it takes the
+// file's place: the path with "new" for its last three characters.
+std::string pendingName(const std::string& path);
 
 // The backup name the program looks for: the path with "bak" for its last three characters.
 std::string backupName(const std::string& path);

@@ -8,7 +8,6 @@
 #include "hash/checksum.h"
 #include "hash/file_checksum.h"
 #include "integrity/data_file.h"
-#include "integrity/data_file_text.h"
 #include "integrity/pending_list_index.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
@@ -161,11 +160,7 @@ void FindingsAction::specialSave(int slot) {
         ctx_.os.loop.pump();
     }
     passFolderList_[slot].clear();
-    Files& files = ctx_.os.files;
-    files.copy(file, backupName(file));
-    files.remove(file);
-    files.append(file, "");
-    files.writeAll(file, dataFileText(ctx_.custom));
+    saveCustomDat(ctx_, file);
 }
 
 }  // namespace tv

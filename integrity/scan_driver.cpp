@@ -131,6 +131,8 @@ void ScanDriver::loadUp() {
         window_.percentLabels[pass]->setCaption("0%");
         window_.fileLabels[pass]->setCaption("");
     }
+    window_.l_scust.setCaption("0%");
+    window_.l_cust.setCaption("");
     window_.l_cust2.setCaption("Custom Folder");
     scan.passDone = scan.failCount = scan.newCount = 0;
 

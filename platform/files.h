@@ -39,6 +39,18 @@ public:
     // False when the file cannot be opened for writing or the write fails.
     virtual bool writeAll(const std::string& path, std::string_view bytes) = 0;
 
+    // The same, and the bytes are flushed to the disk before it returns, so
+    // that they outlast a crash or a power loss that comes after.
+    virtual bool writeThrough(const std::string& path, std::string_view bytes) = 0;
+
+    // Puts the file `from` in the place of `to` in one step, replacing it, and
+    // writes the change through to the disk: whatever happens meanwhile, `to`
+    // is afterwards either its former file or `from`'s, in full. False when it
+    // cannot be done; both files are then as they were. (Windows 98 cannot
+    // replace in one step: there `to` is deleted first, and for a moment only
+    // `from` holds the new file.)
+    virtual bool moveOver(const std::string& from, const std::string& to) = 0;
+
     // Adds `bytes` at the end, creating a missing file. False on failure.
     virtual bool append(const std::string& path, std::string_view bytes) = 0;
 
@@ -59,8 +71,9 @@ public:
     // over a folder use it: firstName starts listing `folder` (ending in a
     // backslash) and gives the first name, nextName the following ones, in the
     // system's order. Empty text when none is left or the folder cannot be listed.
-    // Folders come with the files, "." and ".." among them; hidden and system
-    // files are not listed. Starting a new listing ends the one before.
+    // Folders come with the files, "." and ".." among them, and every name is
+    // listed whatever its attributes (hidden and system files too). Starting a
+    // new listing ends the one before.
     virtual std::string firstName(const std::string& folder) = 0;
     virtual std::string nextName() = 0;
 

@@ -24,8 +24,12 @@ public:
     // The full path of the program file.
     virtual std::string modulePath() const = 0;
 
-    // Starts `commandLine` as typed (no command interpreter in between) with the
-    // window style `showStyle`, and does not wait for it. False when it cannot start.
+    // Starts the program file that `commandLine` names (programOfCommandLine in
+    // command_program.h), told to the system by that name, so that no other
+    // program can be found in its place; the program receives `commandLine`
+    // exactly as given. No command interpreter in between; the window style is
+    // `showStyle`; nothing waits for it. False when the line names no program
+    // file or it cannot start.
     virtual bool start(const std::string& commandLine, int showStyle) = 0;
 
     // True when another process runs this same program file (by its name).

@@ -18,7 +18,8 @@ after_xp+='InitOnce|FlsAlloc|FlsFree|FlsGetValue|FlsSetValue|GetSystemTimePrecis
 after_xp+='CreateSymbolicLink|GetFinalPathNameByHandle|CompareStringEx|LCMapStringEx|GetLocaleInfoEx|'
 after_xp+='SetThreadErrorMode|GetThreadErrorMode|CancelIoEx|GetFileInformationByHandleEx|'
 after_xp+='SetFileInformationByHandle|CreateEventEx|CreateMutexEx|CreateSemaphoreEx|'
-after_xp+='InitializeCriticalSectionEx|QueryFullProcessImageName|GetErrorMode|TaskDialog'
+after_xp+='InitializeCriticalSectionEx|QueryFullProcessImageName|GetErrorMode|TaskDialog|'
+after_xp+='SetDllDirectory|SetDefaultDllDirectories'  # looked up at run time; XP before SP1 lacks the first
 if hits=$(grep -E "^\s+[0-9a-f]+\s+[0-9]+\s+($after_xp)" <<<"$dump"); then
     echo "imports functions Windows XP does not have:"; echo "$hits"; status=1
 fi

@@ -1,5 +1,7 @@
 #include "platform/win32/control_paint.h"
 
+#include <algorithm>
+
 namespace tv::win32 {
 
 ColourBrushes::~ColourBrushes() {
@@ -12,13 +14,53 @@ HBRUSH ColourBrushes::brush(std::uint32_t colour) {
     return brush;
 }
 
+bool hasOwnColours(const ui::Control& control) {
+    return control.foreColour() != ui::kBlack || control.backColour() != ui::kSystemColour;
+}
+
 HBRUSH paintColours(HDC dc, const ui::Control& control, ColourBrushes& brushes) {
-    if (control.foreColour() == ui::kBlack && control.backColour() == ui::kSystemColour) return nullptr;
+    if (!hasOwnColours(control)) return nullptr;
     ::SetTextColor(dc, control.foreColour());
     const std::uint32_t back =
         control.backColour() == ui::kSystemColour ? ::GetSysColor(COLOR_BTNFACE) : control.backColour();
     ::SetBkColor(dc, back);
     return control.backColour() == ui::kSystemColour ? ::GetSysColorBrush(COLOR_BTNFACE) : brushes.brush(back);
+}
+
+void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font,
+                          ColourBrushes& brushes) {
+    const RECT area = item.rcItem;
+    const COLORREF back =
+        control.backColour() == ui::kSystemColour ? ::GetSysColor(COLOR_BTNFACE) : control.backColour();
+    ::FillRect(item.hDC, &area, brushes.brush(back));
+
+    constexpr int kBox = 13;
+    const int top = area.top + (area.bottom - area.top - kBox) / 2;
+    RECT box{area.left + 1, top, area.left + 1 + kBox, top + kBox};
+    UINT state = DFCS_BUTTONCHECK;
+    if (control.value() == 1) state |= DFCS_CHECKED;
+    if (control.value() == 2) state |= DFCS_BUTTON3STATE | DFCS_CHECKED;
+    if (!control.enabled()) state |= DFCS_INACTIVE;
+    ::DrawFrameControl(item.hDC, &box, DFC_BUTTON, state);
+
+    // Disabled, the text fades halfway into the background, so that it stays
+    // readable on any colour.
+    COLORREF text = control.foreColour();
+    if (!control.enabled())
+        text = RGB((GetRValue(text) + GetRValue(back)) / 2, (GetGValue(text) + GetGValue(back)) / 2,
+                   (GetBValue(text) + GetBValue(back)) / 2);
+    RECT caption{box.right + 5, area.top, area.right, area.bottom};
+    HGDIOBJ old = ::SelectObject(item.hDC, font);
+    ::SetBkMode(item.hDC, TRANSPARENT);
+    ::SetTextColor(item.hDC, text);
+    RECT measured = caption;
+    ::DrawTextA(item.hDC, control.caption().c_str(), -1, &measured, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    ::DrawTextA(item.hDC, control.caption().c_str(), -1, &caption, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    ::SelectObject(item.hDC, old);
+    if ((item.itemState & ODS_FOCUS) && !control.caption().empty()) {
+        RECT focus{caption.left - 1, caption.top + 1, std::min(measured.right + 1, caption.right), caption.bottom - 1};
+        ::DrawFocusRect(item.hDC, &focus);
+    }
 }
 
 void drawCheckListRow(const DRAWITEMSTRUCT& item, const ui::Control& control) {

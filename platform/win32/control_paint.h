@@ -1,5 +1,6 @@
 // Drawing that the system's controls do not do by themselves: the colours a
-// control was given, and the items of a check list (a box and a text per row).
+// control was given, check boxes in colours of their own, and the items of a
+// check list (a box and a text per row).
 #pragma once
 
 #include <cstdint>
@@ -27,6 +28,12 @@ private:
 // colours on `dc` and the brush of its background. Null when the control has
 // the system's colours, so that the system answers.
 HBRUSH paintColours(HDC dc, const ui::Control& control, ColourBrushes& brushes);
+
+// Plain check boxes given colours of their own are drawn here as owner-drawn
+// buttons: a check box drawn by a visual style shows its text in the style's
+// colour whatever the colour messages answer, so those colours would be lost.
+bool hasOwnColours(const ui::Control& control);
+void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
 
 // Check lists: each row is a check box drawn beside the item's text; a row's
 // tick is its selection in a multiple-selection list.

@@ -89,6 +89,20 @@ bool Win32Files::writeAll(const std::string& path, std::string_view bytes) {
     return file.valid() && writeWhole(file.get(), bytes);
 }
 
+bool Win32Files::writeThrough(const std::string& path, std::string_view bytes) {
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.valid() && writeWhole(file.get(), bytes) && ::FlushFileBuffers(file.get());
+}
+
+bool Win32Files::moveOver(const std::string& from, const std::string& to) {
+    if (::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+    if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    // Windows 98 has no replacing move.
+    if (::GetFileAttributesA(to.c_str()) != INVALID_FILE_ATTRIBUTES && !::DeleteFileA(to.c_str())) return false;
+    return ::MoveFileA(from.c_str(), to.c_str()) != 0;
+}
+
 bool Win32Files::append(const std::string& path, std::string_view bytes) {
     UniqueFile file(::CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
                                   OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -105,11 +119,13 @@ bool Win32Files::copy(const std::string& from, const std::string& to) {
 
 bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_str()) != 0; }
 
+// Every name the system lists is given, whatever its attributes: hidden and
+// system files are where malware hides.
 std::string Win32Files::firstName(const std::string& folder) {
     WIN32_FIND_DATAA found;
     listing_.reset(::FindFirstFileA((folder + "*").c_str(), &found));
     if (!listing_.valid()) return {};
-    return acceptedOrNext(found);
+    return found.cFileName;
 }
 
 std::string Win32Files::nextName() {
@@ -118,13 +134,6 @@ std::string Win32Files::nextName() {
         listing_.reset();
         return {};
     }
-    return acceptedOrNext(found);
-}
-
-// The listing names what an ordinary look at a folder shows: files and folders,
-// but not the hidden and system files.
-std::string Win32Files::acceptedOrNext(const WIN32_FIND_DATAA& found) {
-    if (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) return nextName();
     return found.cFileName;
 }
 

@@ -1,6 +1,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/command_program.h"
 #include "platform/win32/unique_handle.h"
 #include "platform/win32/win32_system.h"
 
@@ -21,6 +22,11 @@ std::string Win32Processes::modulePath() const {
 }
 
 bool Win32Processes::start(const std::string& commandLine, int showStyle) {
+    const std::string program = programOfCommandLine(commandLine, [](const std::string& path) {
+        const DWORD attributes = ::GetFileAttributesA(path.c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+    });
+    if (program.empty()) return false;
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
     STARTUPINFOA startup{};
@@ -28,7 +34,7 @@ bool Win32Processes::start(const std::string& commandLine, int showStyle) {
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = static_cast<WORD>(showStyle);
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    if (!::CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                           &startup, &started))
         return false;
     UniqueKernelObject process(started.hProcess);

@@ -176,6 +176,9 @@ int checkState(int value) {
     return value == 2 ? BST_INDETERMINATE : value ? BST_CHECKED : BST_UNCHECKED;
 }
 
+// A check box in colours of its own is drawn by the renderer, any other by the system.
+DWORD checkBoxType(const Control& box) { return hasOwnColours(box) ? BS_OWNERDRAW : BS_3STATE; }
+
 }  // namespace
 
 Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance), fonts_(dialogFonts()) {
@@ -231,6 +234,7 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | (control.centred() ? SS_CENTER : 0) |
                   (control.visible() ? WS_VISIBLE : 0) |
                   (control.enabled() ? 0 : WS_DISABLED);
+    if (control.kind() == Kind::CheckBox) style = (style & ~BS_TYPEMASK) | checkBoxType(control);
     HWND child = ::CreateWindowExA(kind.exStyle, kind.className, control.caption().c_str(), style,
                                    b.left, b.top, b.width, b.height, parent,
                                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance,
@@ -281,6 +285,12 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     case Prop::Visible: ::ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
     case Prop::Enabled: ::EnableWindow(child, control.enabled()); break;
     case Prop::Colour:
+        if (control.kind() == Kind::CheckBox) {
+            ::SendMessageA(child, BM_SETSTYLE, checkBoxType(control), FALSE);
+            ::SendMessageA(child, BM_SETCHECK, checkState(control.value()), 0);
+        }
+        ::InvalidateRect(child, nullptr, TRUE);
+        break;
     case Prop::Bounds: ::InvalidateRect(child, nullptr, TRUE); break;
     case Prop::Value:
     case Prop::Selection:
@@ -289,6 +299,7 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
         case Kind::CheckBox:
         case Kind::OptionButton:
             ::SendMessageA(child, BM_SETCHECK, checkState(control.value()), 0);
+            ::InvalidateRect(child, nullptr, TRUE);  // drawn by the renderer, it does not draw itself
             break;
         case Kind::ListBox: ::SendMessageA(child, LB_SETCURSEL, control.value(), 0); break;
         case Kind::ComboBox: ::SendMessageA(child, CB_SETCURSEL, control.value(), 0); break;
@@ -492,8 +503,9 @@ void Win32Renderer::FormWindow::command(int id, int code) {
         break;
     case Kind::FlatCheck:
     case Kind::CheckBox:
-        if (code == BN_CLICKED || (isFlat(control.kind()) && code == BN_DOUBLECLICKED))
-            control.userSetValue(control.value() == 1 ? 0 : 1);
+        // An owner-drawn button reports the second click of a double click as
+        // a double click; a click it is all the same.
+        if (code == BN_CLICKED || code == BN_DOUBLECLICKED) control.userSetValue(control.value() == 1 ? 0 : 1);
         break;
     case Kind::OptionButton:
         if (code == BN_CLICKED) control.userSetValue(1);
@@ -611,6 +623,7 @@ void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
     const Control& control = *found->second;
     switch (control.kind()) {
     case Kind::CheckList: drawCheckListRow(item, control); break;
+    case Kind::CheckBox: drawColouredCheckBox(item, control, fonts.plain, brushes); break;
     case Kind::FlatCheck: drawFlatCheck(item, control, fonts); break;
     case Kind::Image:
         if (!control.picture().empty() && drawPicture(item, control.picture())) break;

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "avshell/scanner_launch.h"
+#include "platform/command_program.h"
 #include "tests/core/fakes.h"
 
 namespace tv {
@@ -63,6 +66,32 @@ TEST_F(ScannerCommandLines, ShortNameIsWhatStandsBeforeTheZero) {
     EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
     ctx.shortPaths = true;
     EXPECT_EQ(batchItem(ctx, std::string(1100, 'x')), "\"\" ");
+}
+
+// The program a scanner's line starts is the longest beginning before a blank
+// that names a program file: a file planted at a shorter beginning never runs,
+// and with the scanner gone nothing does.
+TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
+    std::set<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan\\scan.exe",
+                                "C:\\a.dll", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};
+    std::vector<std::string> asked;
+    const auto program = [&](std::string_view line) {
+        return programOfCommandLine(line, [&](const std::string& path) {
+            asked.push_back(path);
+            return files.count(path) > 0;
+        });
+    };
+    const std::string scanner = "C:\\Program Files\\Scan\\scan.exe";
+    EXPECT_EQ(program(scanner + " /x \"C:\\a b.dll\" "), scanner);
+    EXPECT_EQ(program(scanner + "  C:\\a.dll C:\\b.dll "), scanner);  // no args: two blanks, no quotes
+    EXPECT_EQ(program(scanner), scanner);
+    EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
+    EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r"), "");
+    EXPECT_EQ(program("C:\\My.Tools\\x /y"), "");  // a file without an extension is no program
+    files.erase(scanner);
+    EXPECT_EQ(program(scanner + " /x C:\\a.dll"), "");  // neither C:\Program nor C:\Program.exe
+    for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
+        EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }
 
 }  // namespace

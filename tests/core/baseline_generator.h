@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "core/baseline_block.h"
+
 namespace tv::test {
 
 class BaselineGenerator {
@@ -14,8 +16,11 @@ public:
     explicit BaselineGenerator(unsigned seed) : random_(seed) {}
 
     std::string name() {
+        // Names near and past the longest the index orders by, and runs of "=".
+        static const std::string longest(BaselineBlock::kLongestIndexedKey - 4, 'L');
         static const std::vector<std::string> stems{"KERNEL32", "kernel32", "A", "AB", "A=B", "[x]", "[", "a b ",
-                                                    "NULL", "null*e", "E", "*", "Setup=1", "=", ""};
+                                                    "NULL", "null*e", "E", "*", "Setup=1", "=", "",
+                                                    "====", "A==B=", longest, longest + "L", longest + "=="};
         static const std::vector<std::string> ends{".DLL", ".dll", "", ".DLL.DLL", "=", "*E", " "};
         return pick(stems) + pick(ends);
     }

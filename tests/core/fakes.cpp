@@ -93,6 +93,16 @@ bool MemoryFiles::copy(const std::string& from, const std::string& to) {
     return text && writeAll(to, *text);
 }
 
+bool MemoryFiles::moveOver(const std::string& from, const std::string& to) {
+    const std::string source = key(from), target = key(to);
+    if (locked.count(source) || locked.count(target) || !files.count(source) || folders.count(target)) return false;
+    std::string moved = std::move(files[source]);
+    files.erase(source);
+    files[target] = std::move(moved);
+    spelled[target] = to;
+    return true;
+}
+
 bool MemoryFiles::remove(const std::string& path) {
     const std::string k = key(path);
     return !locked.count(k) && files.erase(k) > 0;

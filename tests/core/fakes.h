@@ -29,6 +29,8 @@ public:
     bool isFolder(const std::string& path) const override;
     std::optional<std::string> readAll(const std::string& path) const override;
     bool writeAll(const std::string& path, std::string_view bytes) override;
+    bool writeThrough(const std::string& path, std::string_view bytes) override { return writeAll(path, bytes); }
+    bool moveOver(const std::string& from, const std::string& to) override;
     bool append(const std::string& path, std::string_view bytes) override;
     bool makeFolder(const std::string& path) override;
     bool copy(const std::string& from, const std::string& to) override;

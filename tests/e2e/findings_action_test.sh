@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # A log-on run with five findings across the system directory and one custom
-# folder, two scanners (the fake scanner, which records its command line),
-# passCount 2 and the automatic action: both scanners get the three batches,
-# one report is written, both baselines are rewritten beside their backups and
-# the run ends; the next run is clean and silent. Without a scanner: the
-# message, the forced report and the update.
+# folder, two scanners (the fake scanner, which records its command line,
+# installed under "C:\Program Files\", with a copy planted as C:\Program.exe),
+# passCount 2 and the automatic action: both scanners get the three batches with
+# their command lines unchanged and the planted program never runs, one report
+# is written, both baselines are rewritten beside their backups and the run
+# ends; the next run is clean and silent. Without a scanner: the message, the
+# forced report and the update.
 source "$(dirname "$0")/lib.sh"
 : "${FAKESCAN:?}"
 
@@ -12,17 +14,23 @@ system=$WINEPREFIX/drive_c/windows/system32
 changed_dll=$system/msacm32.dll
 added_exe="$system/a&b.exe"
 cp "$changed_dll" "$WORK/msacm32.dll.orig"
+installed=$WINEPREFIX/drive_c/Program\ Files/Tarvelon\ Test\ Scanner
+planted=$WINEPREFIX/drive_c/Program.exe
 restore_system() {
     cp "$WORK/msacm32.dll.orig" "$changed_dll" 2>/dev/null || true
-    rm -f "$added_exe"
+    rm -f "$added_exe" "$planted"
+    rm -rf "$installed"
 }
 trap 'restore_system; cleanup' EXIT
 
 app=$(new_program_folder)
 folder=$WORK/watched
-mkdir -p "$app/Data" "$folder" "$WORK/av"
-cp "$FAKESCAN" "$WORK/av/fakescan.exe"
-scanner=$(windows_path "$WORK/av/fakescan.exe")
+mkdir -p "$app/Data" "$folder" "$installed"
+cp "$FAKESCAN" "$installed/fakescan.exe"
+cp "$FAKESCAN" "$planted"
+scanner='C:\Program Files\Tarvelon Test Scanner\fakescan.exe'
+export TARVELON_FAKESCAN_LOG_PROGRAM
+TARVELON_FAKESCAN_LOG_PROGRAM=$(windows_path "$WORK/planted.log")
 settings() {  # antivirus value, av2 value
     printf '[Tarvelon]\r\nsettings=1,1,1,1,1,1,1,1\r\nadvanced=65536,2,0\r\nantivirus=%s\r\nav2=%s\r\n' "$1" "$2"
     printf 'antivirus2=1,0,0\r\nalgo=crc32\r\n\r\n[1]\r\npath=%s\\\r\nargs=1,0,0,0,1,0,1\r\nargs2=0,0,0,0,0,0,0\r\n\r\n' \
@@ -62,6 +70,7 @@ done | sort)
 deadline=$((SECONDS + 30))  # the scanners run on after the program has ended
 until [ "$(wc -l <"$WORK/scans.log" 2>/dev/null)" == 6 ] || [ $SECONDS -ge $deadline ]; do sleep 0.2; done
 expect_eq "scanner command lines" "$expected" "$(tr -d '\r' <"$WORK/scans.log" | sort)"
+[ ! -e "$WORK/planted.log" ] || fail "the program planted as C:\\Program.exe ran: $(cat "$WORK/planted.log")"
 
 logs=("$app"/Data/Log/*.log)
 expect_eq "reports written" "1" "${#logs[@]}"

@@ -10,8 +10,11 @@
 namespace {
 
 std::string piece(FuzzedDataProvider& in) {
-    static const char* const kPieces[] = {"[DLL]", "\r\n", "NULL*E", "null*e", "=", "*E", "*e", "[", "]",
-                                          "KERNEL32.DLL", "kernel32.dll", "A", "A=B", " ", "\r", "\n"};
+    // A name one short of the longest the index orders by: with one more
+    // piece a key or a line reaches past it.
+    static const std::string kLong(tv::BaselineBlock::kLongestIndexedKey - 1, 'K');
+    static const std::string kPieces[] = {"[DLL]", "\r\n", "NULL*E", "null*e", "=", "*E", "*e", "[", "]",
+                                          "KERNEL32.DLL", "kernel32.dll", "A", "A=B", " ", "\r", "\n", kLong};
     if (in.ConsumeBool()) return in.ConsumeRandomLengthString(12);
     return kPieces[in.ConsumeIntegralInRange<std::size_t>(0, sizeof kPieces / sizeof *kPieces - 1)];
 }

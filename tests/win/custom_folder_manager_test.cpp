@@ -43,6 +43,54 @@ TEST_F(CustomFolderManagerTest, RowsShowEverySlotInItsPlace) {
     EXPECT_TRUE(form.visible());
 }
 
+TEST_F(CustomFolderManagerTest, EachListOfASlotIsKeptWhenTheOtherIsMissing) {
+    writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "2");
+    writeEntry(ctx, ctx.settFile, "args", "1,0,1,0,0,0,1", "2");
+    writeEntry(ctx, ctx.settFile, "args2", "", "2");
+    writeEntry(ctx, ctx.settFile, "path", path("more\\"), "3");
+    writeEntry(ctx, ctx.settFile, "args", "", "3");
+    writeEntry(ctx, ctx.settFile, "args2", "0,0,0,0,0,1,1", "3");
+    manager.show();
+    EXPECT_EQ(form.List3.items()[1], "1,0,1,0,0,0,1");
+    EXPECT_EQ(form.List5.items()[1], "0,0,0,0,0,0,0");
+    EXPECT_EQ(form.List3.items()[2], "0,0,0,0,0,0,0");
+    EXPECT_EQ(form.List5.items()[2], "0,0,0,0,0,1,1");
+    boxes.answers = {box::Ok};
+    form.Command3.userClick();
+    EXPECT_EQ(readSlot(ctx, 2).args, "1,0,1,0,0,0,1");  // still scanned at log-on
+    EXPECT_EQ(readSlot(ctx, 3).args2, "0,0,0,0,0,1,1");
+}
+
+// Opened after it was closed, the form starts as a new load does, whatever was
+// chosen, ticked and coloured before.
+TEST_F(CustomFolderManagerTest, ReopenedFormStartsAsNew) {
+    writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "2");
+    writeEntry(ctx, ctx.settFile, "args", "1,1,0,0,0,0,1", "2");
+    writeEntry(ctx, ctx.settFile, "args2", "0,0,0,0,0,1,1", "2");
+    const auto startsAsNew = [this] {
+        EXPECT_EQ(form.List1.value(), -1);
+        EXPECT_EQ(form.Label1.caption(), "Currently Selected:");
+        for (const ui::Control* box : {&form.Check1, &form.Check2}) {
+            EXPECT_EQ(box->value(), 0) << box->name();
+            EXPECT_FALSE(box->enabled()) << box->name();
+            EXPECT_EQ(box->backColour(), ui::kSystemColour) << box->name();
+        }
+        for (const ui::Control* types : {&form.List2, &form.List4}) {
+            EXPECT_EQ(ticks(*types), (std::array<bool, 6>{})) << types->name();
+            EXPECT_FALSE(types->enabled()) << types->name();
+        }
+    };
+    manager.show();
+    startsAsNew();
+    form.List1.userSetValue(1);
+    ASSERT_TRUE(form.Check1.enabled());
+    ASSERT_TRUE(form.List2.ticked(1));
+    form.userClose();  // nothing changed: no question
+    EXPECT_TRUE(boxes.shown.empty());
+    manager.show();
+    startsAsNew();
+}
+
 TEST_F(CustomFolderManagerTest, AddRefusesTheSystemDirectoryAndAFolderInUse) {
     writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "10");
     manager.show();

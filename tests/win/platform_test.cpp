@@ -3,6 +3,7 @@
 #include "core/file_utils.h"
 #include "core/text.h"
 #include "platform/win32/win32_base.h"
+#include "platform/win32/dll_search.h"
 #include "platform/win32/pending_texts.h"
 #include "platform/win32/win32_renderer.h"
 #include "tests/win/win_fixture.h"
@@ -52,16 +53,27 @@ TEST_F(Platform, TreeSearchFindsNestedFile) {
     EXPECT_EQ(loop.pumps, 4);
 }
 
-TEST_F(Platform, ListingShowsFilesAndFoldersButNotHiddenOrSystemFiles) {
+TEST_F(Platform, ListingShowsEveryFileAndFolderWhateverItsAttributes) {
     files.makeFolder(path("walk"));
     files.makeFolder(path("walk\\Sub.DLL"));
-    for (const char* name : {"a.dll", "hidden.dll", "system.dll", "b.exe"}) writeFile(std::string("walk\\") + name, "x");
-    ::SetFileAttributesA(path("walk\\hidden.dll").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    files.makeFolder(path("walk\\Hidden"));
+    std::set<std::string> expected{".", "..", "Sub.DLL", "Hidden"};
+    for (int i = 0; i < 200; ++i) {  // many hidden ones in a row
+        const std::string name = "hidden" + std::to_string(i) + ".dll";
+        writeFile("walk\\" + name, "x");
+        ::SetFileAttributesA(path("walk\\" + name).c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+        expected.insert(name);
+    }
+    for (const char* name : {"a.dll", "system.dll", "b.exe"}) {
+        writeFile(std::string("walk\\") + name, "x");
+        expected.insert(name);
+    }
     ::SetFileAttributesA(path("walk\\system.dll").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    ::SetFileAttributesA(path("walk\\Hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
     std::set<std::string> names;
     for (std::string name = files.firstName(path("walk\\")); !name.empty(); name = files.nextName())
         names.insert(name);
-    EXPECT_EQ(names, (std::set<std::string>{".", "..", "Sub.DLL", "a.dll", "b.exe"}));
+    EXPECT_EQ(names, expected);
     EXPECT_EQ(files.firstName(path("no-such-folder\\")), "");
     EXPECT_EQ(files.nextName(), "");  // a failed start ends the listing before
 }
@@ -75,6 +87,27 @@ TEST_F(Platform, StartedProgramRunsWithoutBeingWaitedFor) {
     EXPECT_TRUE(files.isFolder(made));
     EXPECT_FALSE(real.start("\"" + path("no-such-program.exe") + "\"", show::NormalFocus));
     EXPECT_TRUE(sameText(real.modulePath().substr(real.modulePath().size() - 13), "win_tests.exe"));
+}
+
+// The start's narrowing of the DLL search: a DLL in the current folder is no
+// longer loaded by its bare name, while the system's own still are.
+TEST_F(Platform, DllSearchLeavesTheCurrentFolderOut) {
+    ASSERT_TRUE(files.copy(getSysDir(ctx) + "msacm32.dll", path("tvprobe.dll")));
+    char previous[MAX_PATH + 1] = {};
+    ::GetCurrentDirectoryA(MAX_PATH, previous);
+    ASSERT_TRUE(::SetCurrentDirectoryA(path("").c_str()));
+    HMODULE planted = ::LoadLibraryA("tvprobe.dll");
+    EXPECT_NE(planted, nullptr);  // found in the current folder, as the system searches by default
+    if (planted) ::FreeLibrary(planted);
+
+    const win32::DllSearch done = win32::narrowDllSearch();
+    EXPECT_TRUE(done.currentFolderLeftOut);
+    EXPECT_TRUE(done.systemFolderOnly);
+    EXPECT_EQ(::LoadLibraryA("tvprobe.dll"), nullptr);
+    HMODULE system = ::LoadLibraryA("msacm32.dll");
+    EXPECT_NE(system, nullptr);
+    if (system) ::FreeLibrary(system);
+    ::SetCurrentDirectoryA(previous);
 }
 
 // The real renderer, driven through real window messages.
@@ -219,22 +252,51 @@ TEST_F(Renderer, CheckListTicksAreItsRowsSelections) {
     EXPECT_GT(::SendMessageA(hwnd, LB_GETSEL, 1, 0), 0);
 }
 
-TEST_F(Renderer, ColouredCheckBoxPaintsWithItsColours) {
-    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 150, 24}, "Scan this Folder");
+// A check box given colours of its own is drawn by the renderer (an owner-drawn
+// button, which no visual style draws), so that its colours show with styles
+// and without: white on dark blue and black on red stand in its pixels.
+TEST_F(Renderer, CheckBoxInColoursOfItsOwnIsDrawnInThem) {
+    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 240, 24}, "Scan this Folder at Startup (AutoLoad)");
+    int clicks = 0;
+    box.onClick = [&] { ++clicks; };
     real.attach(form);
+    form.setVisible(true);
     HWND hwnd = childNamed("Check1");
-    HDC dc = ::GetDC(hwnd);
-    ::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
-                   reinterpret_cast<LPARAM>(hwnd));
-    EXPECT_EQ(::GetTextColor(dc), ::GetSysColor(COLOR_WINDOWTEXT));  // the system's own colours
+    const auto type = [hwnd] { return ::GetWindowLongA(hwnd, GWL_STYLE) & BS_TYPEMASK; };
+    const auto captionColours = [hwnd] {  // right of the box
+        ::RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        std::set<COLORREF> seen;
+        HDC dc = ::GetDC(hwnd);
+        for (int x = 20; x < 240; ++x)
+            for (int y = 0; y < 24; ++y) seen.insert(::GetPixel(dc, x, y));
+        ::ReleaseDC(hwnd, dc);
+        return seen;
+    };
+    EXPECT_EQ(type(), BS_3STATE);  // in the system's colours, the system's own box
+
     box.setLook(ui::kWhite);
     box.setBackColour(0x800000);
-    EXPECT_NE(::SendMessageA(::GetParent(hwnd), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
-                             reinterpret_cast<LPARAM>(hwnd)),
-              0);
-    EXPECT_EQ(::GetTextColor(dc), 0xFFFFFFu);
-    EXPECT_EQ(::GetBkColor(dc), 0x800000u);
-    ::ReleaseDC(hwnd, dc);
+    box.setValue(1);
+    EXPECT_EQ(type(), BS_OWNERDRAW);
+    auto seen = captionColours();
+    EXPECT_TRUE(seen.count(0x800000));
+    EXPECT_TRUE(seen.count(0xFFFFFF));
+
+    box.setLook(ui::kBlack);
+    box.setBackColour(0x0000FF);
+    box.setValue(0);
+    seen = captionColours();
+    EXPECT_TRUE(seen.count(0x0000FF));
+    EXPECT_TRUE(seen.count(0x000000));
+    EXPECT_FALSE(seen.count(0x800000));
+
+    ::SendMessageA(::GetParent(hwnd), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(hwnd), BN_CLICKED),
+                   reinterpret_cast<LPARAM>(hwnd));
+    EXPECT_EQ(box.value(), 1);
+    EXPECT_EQ(clicks, 1);
+    box.setBackColour(ui::kSystemColour);
+    EXPECT_EQ(type(), BS_3STATE);
+    EXPECT_EQ(::SendMessageA(hwnd, BM_GETCHECK, 0, 0), BST_CHECKED);
 }
 
 TEST_F(Renderer, EnterPressesTheFocusedButtonOrTheDefaultAndEscCloses) {

@@ -54,11 +54,14 @@ TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
     writeFile("Data\\Integrity.dat", "");
     loadIntFile(ctx, ctx.intFile);
     planLogOnRun();
+    for (const ui::Control* percent : window.percentLabels) EXPECT_EQ(percent->caption(), "0%");
+    EXPECT_EQ(window.l_scust.caption(), "0%");  // the custom folder's row as well
     EXPECT_EQ(ctx.scan.customQueue, "3,");
     EXPECT_EQ(window.pb2max.caption(), "2");  // a.dll of the system, t.exe of the folder
     EXPECT_EQ(ctx.scan.wanted, (std::array<bool, 6>{true, false, false, false, false, false}));
     runTimer();
     EXPECT_EQ(window.l_cust2.caption(), "Custom Folder 1/1");
+    EXPECT_EQ(window.l_scust.caption(), "0%");  // the folder's passes show on the system rows
     EXPECT_EQ(ctx.scan.newCount, 2);
     EXPECT_EQ(window.Label13.caption(), "Results");
     EXPECT_TRUE(window.Frame2.visible());

@@ -27,6 +27,26 @@ TEST_F(ScannerLaunch, CommandLineReachesTheScannerUnchanged) {
     EXPECT_FALSE(runScanner(ctx, path("missing.exe") + " x"));
 }
 
+// A scanner in a folder with a blank, and a program planted where the system
+// would look first for the unquoted path: only the scanner runs, with its line.
+TEST_F(ScannerLaunch, PlantedProgramAtABeginningOfThePathNeverRuns) {
+    files.makeFolder(path("Scan Tools"));
+    const std::string scanner = path("Scan Tools\\fakescan.exe");
+    ASSERT_TRUE(files.copy(fakeScannerPath(), scanner));
+    ASSERT_TRUE(files.copy(fakeScannerPath(), path("Scan.exe")));
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", path("scans.log").c_str());
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG_SCAN", path("planted.log").c_str());
+    const std::string line = scanner + "  \"C:\\a b.dll\" C:\\c.dll ";
+    ASSERT_TRUE(runScanner(ctx, line));
+    const DWORD start = ::GetTickCount();
+    while (!files.length(path("scans.log")).value_or(0) && ::GetTickCount() - start < 20000) ::Sleep(20);
+    EXPECT_EQ(readFile("scans.log"), line + "\r\n");
+    ASSERT_TRUE(files.remove(scanner));
+    EXPECT_FALSE(runScanner(ctx, line));  // the scanner gone: nothing runs in its place
+    EXPECT_FALSE(files.length(path("planted.log")));
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG_SCAN", nullptr);
+}
+
 TEST_F(ScannerLaunch, ShortNamesOfFilesThatExistAndNothingForOthers) {
     writeFile("A Long File Name.dll", "x");
     const std::string shortName = toShortPath(ctx, path("A Long File Name.dll"));
