@@ -277,6 +277,12 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     case Prop::Visible: ::ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
     case Prop::Enabled: ::EnableWindow(child, control.enabled()); break;
     case Prop::Colour:
+        // A label lit under the mouse is underlined: its font says so.
+        if (control.kind() == Kind::Label)
+            ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(control.underlined() ? fonts.underlined : fonts.plain),
+                           FALSE);
+        ::InvalidateRect(child, nullptr, TRUE);
+        break;
     case Prop::Bounds: ::InvalidateRect(child, nullptr, TRUE); break;
     case Prop::Value:
     case Prop::Selection:
