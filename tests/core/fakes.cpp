@@ -159,6 +159,22 @@ std::string FixedShell::specialFolder(int csidl, std::size_t) const {
     return found == special.end() ? std::string() : found->second;
 }
 
+std::string FixedShell::searchTree(const std::string& root, const std::string& name) const {
+    searches.emplace_back(root, name);
+    const auto found = treeHits.find({root, name});
+    return found == treeHits.end() ? std::string() : found->second;
+}
+
+std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
+                                       std::size_t bufferChars) {
+    fileDialogs.emplace_back(title, filter);
+    if (fileChoices.empty()) return {};
+    std::string buffer = fileChoices.front();
+    fileChoices.pop_front();
+    buffer.resize(std::max(buffer.size(), bufferChars), '\0');
+    return buffer;
+}
+
 int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {
     shown.push_back({prompt, title, style});
     if (answers.empty()) {
