@@ -20,6 +20,8 @@
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
 //   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
+//   tarvauto open-file <title> <file>        answer the open-file dialog titled <title>: type <file> and
+//                                            press Open, or press Cancel when <file> is empty
 //   tarvauto tree <title> <name>             the full path of every node of a tree, one per line
 //   tarvauto tree-select <title> <name> <path>  choose the node with that full path, as a click does
 //   tarvauto tree-open <title> <name> <path> <0|1>  choose the node and close (0) or open (1) it by the keyboard
@@ -51,6 +53,8 @@
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "tools/file_dialog_answer.h"
 
 namespace {
 
@@ -173,6 +177,20 @@ std::vector<std::string> listItems(HWND list) {
         items.emplace_back(text.c_str());
     }
     return items;
+}
+
+// The text a control shows. An edit box of another process keeps its text to
+// itself, so it is asked (in UTF-16, as listItems asks) rather than read.
+std::string controlText(HWND hwnd) {
+    if (className(hwnd) != "Edit") return windowText(hwnd);
+    const LRESULT length = askWindow(hwnd, WM_GETTEXTLENGTH, 0, 0);
+    if (length <= 0) return {};
+    std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
+    askWindow(hwnd, WM_GETTEXT, wide.size(), reinterpret_cast<LPARAM>(wide.data()));
+    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
+    return text.c_str();
 }
 
 // Chooses, ticks or unticks an item the way a click does: the list changes and
@@ -440,7 +458,7 @@ int run(int argc, char** argv) {
     }
     if (command == "wait-caption") {
         const std::string name = arg(2), text = arg(3);
-        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && controlText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
     }
@@ -476,6 +494,18 @@ int run(int argc, char** argv) {
             return fail();
         }
         return answerFolderDialog(dialog, arg(2));
+    }
+    if (command == "open-file") {
+        const std::string title = arg(1);
+        HWND dialog = waitFor([&]() -> HWND {
+            HWND top = findTopLevel(title);
+            return top && className(top) == "#32770" ? top : nullptr;
+        });
+        if (!dialog) {
+            std::fprintf(stderr, "tarvauto: no open-file dialog titled \"%s\"\n", title.c_str());
+            return fail();
+        }
+        return tv::testing::answerFileDialog(dialog, arg(2)) ? 0 : fail();
     }
     if (command == "tree" || command == "tree-select" || command == "tree-open") {
         const std::string name = arg(2);
@@ -557,7 +587,7 @@ int run(int argc, char** argv) {
         if (command == "click")
             pressButton(control);
         else
-            std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
+            std::fwrite(controlText(control).data(), 1, controlText(control).size(), stdout);
         return 0;
     }
     if (command == "link") return printLink(arg(1));
