@@ -6,8 +6,6 @@
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice_form.h"
-#include "core/settings_text.h"
-#include "core/text.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/main_actions.h"
@@ -18,7 +16,6 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char* kSettings = "C:\\Tarvelon\\Data\\Tarvelon.dat";
 constexpr const char* kSearchNotice =
     "Tarvelon may become unresponsive during the file search. This is normal.\r\rClick OK to continue.";
 constexpr const char* kTestNotice =
@@ -28,15 +25,9 @@ constexpr const char* kTestNotice =
 class Scanners : public ::testing::Test {
 protected:
     Scanners() {
-        os.files.folders = {"C:\\TARVELON", "C:\\TARVELON\\DATA"};
-        std::string text = newSettingsFileText();
-        text = replaceText(text, "antivirus=\r\n", "antivirus=C:\\AV\\scan.exe| /all \r\n");
-        text = replaceText(text, "av2=\r\n", "av2=C:\\Second\\b.exe|\r\n");
-        os.files.put(kSettings, text);
+        test::prepareProgramFolder(os, ctx, {{"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "},
+                                             {"av2=", "av2=C:\\Second\\b.exe|"}});
         os.shell.special[38] = "C:\\Program Files";
-        ctx.appPath = "C:\\Tarvelon\\";
-        ctx.settFile = kSettings;
-        ctx.intFile = "C:\\Tarvelon\\Data\\Integrity.dat";
         ctx.quoteChar = "\"";
     }
     void answer(std::initializer_list<int> answers) { os.boxes.answers.insert(os.boxes.answers.end(), answers); }

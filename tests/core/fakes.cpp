@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/settings_text.h"
 #include "core/text.h"
 
 namespace tv::test {
@@ -184,6 +185,18 @@ int ScriptedBoxes::show(const std::string& prompt, const std::string& title, uns
     const int answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+void prepareProgramFolder(FakePlatform& os, AppContext& ctx,
+                          const std::vector<std::pair<std::string, std::string>>& settingsLines) {
+    os.files.folders.insert({"C:\\TARVELON", "C:\\TARVELON\\DATA"});
+    std::string text = newSettingsFileText();
+    for (const auto& [line, replacement] : settingsLines)
+        text = replaceText(text, "\r\n" + line + "\r\n", "\r\n" + replacement + "\r\n");
+    ctx.appPath = "C:\\Tarvelon\\";
+    ctx.settFile = ctx.appPath + "Data\\Tarvelon.dat";
+    ctx.intFile = ctx.appPath + "Data\\Integrity.dat";
+    os.files.put(ctx.settFile, text);
 }
 
 }  // namespace tv::test

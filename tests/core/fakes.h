@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "core/app_context.h"
 #include "core/platform_set.h"
 #include "integrity/scan_host.h"
 
@@ -268,5 +269,11 @@ struct FakePlatform {
         return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
     }
 };
+
+// The program's folder C:\Tarvelon\ with its Data folder and a new settings
+// file in which each line `first` is replaced by `second`; the context's
+// paths point into it.
+void prepareProgramFolder(FakePlatform& os, AppContext& ctx,
+                          const std::vector<std::pair<std::string, std::string>>& settingsLines);
 
 }  // namespace tv::test

@@ -4,8 +4,6 @@
 
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice_form.h"
-#include "core/settings_text.h"
-#include "core/text.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
@@ -15,22 +13,16 @@
 namespace tv::ui {
 namespace {
 
-constexpr const char* kSettings = "C:\\Tarvelon\\Data\\Tarvelon.dat";
 constexpr const char* kNoScanner =
     "You didn't choose an anti-virus software exe.  We recommend that you get one to take full advantage of Tarvelon";
 
 class Wizard : public ::testing::Test {
 protected:
     Wizard() {
-        os.files.folders = {"C:\\TARVELON", "C:\\TARVELON\\DATA", "C:\\STARTUP"};
-        std::string text = newSettingsFileText();
-        text = replaceText(text, "settings=0,0,0,0,0,0,0,0", "settings=1,0,1,0,1,0,1,0,1");
-        text = replaceText(text, "antivirus=\r\n", "antivirus=C:\\AV\\scan.exe| /all \r\n");
-        os.files.put(kSettings, text);
+        test::prepareProgramFolder(os, ctx, {{"settings=0,0,0,0,0,0,0,0", "settings=1,0,1,0,1,0,1,0,1"},
+                                             {"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "}});
+        os.files.folders.insert("C:\\STARTUP");
         os.shell.special[24] = "C:\\Startup";
-        ctx.appPath = "C:\\Tarvelon\\";
-        ctx.settFile = kSettings;
-        ctx.intFile = "C:\\Tarvelon\\Data\\Integrity.dat";
     }
     // The Options page's Settings Wizard button.
     void open() {

@@ -122,15 +122,6 @@ struct TestProcesses final : Processes {
     std::string versionNumbers() const override { return fixed.versionNumbers(); }
 };
 
-// The build puts the fake scanner in tools\, beside the tests' tests\.
-std::string fakeScanner() {
-    char self[MAX_PATH] = {};
-    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string path(self);
-    path.erase(path.find_last_of('\\'));
-    return path.substr(0, path.find_last_of('\\')) + "\\tools\\fakescan.exe";
-}
-
 class ScannerSetup : public WinTest {
 protected:
     ScannerSetup() {
@@ -150,14 +141,6 @@ protected:
     }
     ~ScannerSetup() override { ::OleUninitialize(); }
 
-    // The file as the system's profile writer leaves `before` after these
-    // writes to the main section, in that order.
-    std::string expected(const std::string& before, const std::vector<std::pair<const char*, std::string>>& writes) {
-        writeFile("expected.dat", before);
-        for (const auto& [key, value] : writes)
-            ::WritePrivateProfileStringA("Tarvelon", key, value.c_str(), path("expected.dat").c_str());
-        return readFile("expected.dat");
-    }
     std::string settingsFile() const { return readFile("Data\\Tarvelon.dat"); }
     // Clicks a button that shows message boxes, answering each with OK, and
     // gives their prompts.
