@@ -226,20 +226,5 @@ TEST_F(Wizard, LocateAndHelpFillTheFirstScannerInBothForms) {
     EXPECT_EQ(app.scannerCatalogue().tag, "");
 }
 
-TEST_F(Wizard, TestItStartsTheScannerOfThePath) {
-    open();
-    next();
-    next();
-    os.boxes.answers = {box::Ok};
-    form().Command1.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt, "You must choose a virus scanner before you proceed!");
-    os.files.put("C:\\AV\\scan.exe", "MZ");
-    os.boxes.answers = {box::Ok};
-    form().Command1.userClick();
-    ASSERT_EQ(os.processes.started.size(), 1u);
-    EXPECT_EQ(os.processes.started[0].first,
-              "C:\\AV\\scan.exe \"C:\\Tarvelon\\Data\\Tarvelon.dat\" \"C:\\Tarvelon\\Data\\Integrity.dat\"");
-}
-
 }  // namespace
 }  // namespace tv::ui
