@@ -1,5 +1,6 @@
 #include "avshell/scanner_launch.h"
 
+#include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "platform/controls.h"
@@ -8,6 +9,10 @@ namespace tv {
 namespace {
 
 constexpr std::size_t kShortPathBuffer = 1024;
+
+constexpr const char* kTestNotice =
+    "Tarvelon will now attempt to scan two files. If the Virus-Scanner you selected scans both files, then it is "
+    "fully compatible with Tarvelon! If not, make sure you chose the correct EXE file in your anti-virus folder.";
 
 }  // namespace
 
@@ -87,6 +92,21 @@ std::string scannerTestCommand(const AppContext& ctx, const std::string& exeFiel
         return ctx.quoteChar + (ctx.shortPaths ? toShortPath(ctx, path) : path) + ctx.quoteChar;
     };
     return exeField + " " + file(ctx.settFile) + " " + file(ctx.intFile);
+}
+
+std::string scannerFailureMessage(const std::string& exe) {
+    return "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r" + exe;
+}
+
+bool runScannerTest(AppContext& ctx, const std::string& exeField) {
+    if (!fileThere(ctx, exeField)) {
+        ctx.os.boxes.show(kChooseScannerFirst, kAppTitle, box::OkOnly);
+        return false;
+    }
+    ctx.os.boxes.show(kTestNotice, kAppTitle, box::OkOnly);
+    if (runScanner(ctx, scannerTestCommand(ctx, exeField))) return true;
+    ctx.os.boxes.show(scannerFailureMessage(exeField), kAppTitle, box::OkOnly);
+    return false;
 }
 
 }  // namespace tv

@@ -11,6 +11,8 @@
 
 namespace tv {
 
+inline constexpr const char* kChooseScannerFirst = "You must choose a virus scanner before you proceed!";
+
 // The short (8.3) form of a path; empty text when the system has none for it,
 // as for a file that does not exist.
 std::string toShortPath(const AppContext& ctx, const std::string& path);
@@ -64,5 +66,15 @@ std::string singleFileItem(const AppContext& ctx, const std::string& name);
 // The scanner test's command line: the program field and the settings and
 // integrity data files, without the scanner's arguments.
 std::string scannerTestCommand(const AppContext& ctx, const std::string& exeField);
+
+// What the user is told when a scanner could not be started: the message names
+// the program path given.
+std::string scannerFailureMessage(const std::string& exe);
+
+// "Test It!": a scanner that has not been saved yet is started on the settings
+// file and the integrity data file, after a notice; a program field without a
+// file behind it stops the test with its message. True when the scanner was
+// started; a start that fails is told with scannerFailureMessage.
+bool runScannerTest(AppContext& ctx, const std::string& exeField);
 
 }  // namespace tv

@@ -1,7 +1,10 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
   appwatch/appwatch_page.cpp
+  avshell/known_scanners.cpp
+  avshell/scanner_catalogue.cpp
   avshell/scanner_catalogue_form.cpp
+  avshell/scanner_choice.cpp
   avshell/scanner_choice_form.cpp
   avshell/scanner_launch.cpp
   core/baseline_block.cpp
@@ -70,7 +73,9 @@ set(TARVELON_CORE_SOURCES
   ui/main_window.cpp
   ui/options_page.cpp
   ui/settings_actions.cpp
+  ui/settings_boxes.cpp
   ui/settings_page.cpp
+  ui/setup_wizard.cpp
   ui/setup_wizard_form.cpp
   ui/shortcut_maker.cpp
   ui/speed_comparison.cpp

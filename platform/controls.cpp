@@ -1,5 +1,7 @@
 #include "platform/controls.h"
 
+#include <algorithm>
+
 namespace tv::ui {
 
 Control::Control(Kind kind, std::string name, Control* parent, Bounds bounds, std::string caption)
@@ -14,6 +16,9 @@ void Control::changed(Prop what) {
 }
 
 void Control::setCaption(std::string caption) {
+    // A text box keeps its text up to the first zero character, as the
+    // system's edit box does: a file dialog's answer comes with its buffer's zeros.
+    if (kind_ == Kind::TextBox) caption.erase(std::min(caption.find('\0'), caption.size()));
     if (caption == caption_) return;
     caption_ = std::move(caption);
     changed(Prop::Caption);

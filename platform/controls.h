@@ -75,6 +75,7 @@ public:
     void setTabIndex(int index) { tabIndex_ = index; }
 
     const std::string& caption() const { return caption_; }
+    // A text box's text ends at the first zero character given.
     void setCaption(std::string caption);
 
     bool visible() const { return visible_; }

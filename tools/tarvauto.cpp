@@ -21,6 +21,8 @@
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
 //   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
+//   tarvauto open-file <title> <file>        answer the open-file dialog titled <title>: type <file> and
+//                                            press Open, or press Cancel when <file> is empty
 //   tarvauto tree <title> <name>             the full path of every node of a tree, one per line
 //   tarvauto tree-select <title> <name> <path>  choose the node with that full path, as a click does
 //   tarvauto tree-open <title> <name> <path> <0|1>  choose the node and close (0) or open (1) it by the keyboard
@@ -52,6 +54,8 @@
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "tools/file_dialog_answer.h"
 
 namespace {
 
@@ -157,6 +161,15 @@ LRESULT askWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return static_cast<LRESULT>(result);
 }
 
+// Texts are asked in UTF-16, which the system copies across processes as it
+// is (Wine hands a narrow request the wide text), then put in the ANSI code page.
+std::string ansiText(const std::vector<wchar_t>& wide) {
+    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
+    return text.c_str();
+}
+
 // A control's text, asked of its window: a text box of another process keeps
 // its text where the plain window text call does not look.
 std::string controlText(HWND control) {
@@ -164,10 +177,7 @@ std::string controlText(HWND control) {
     if (length <= 0) return {};
     std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
     askWindow(control, WM_GETTEXT, wide.size(), reinterpret_cast<LPARAM>(wide.data()));
-    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
-    std::string text(static_cast<std::size_t>(size), '\0');
-    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
-    return text.c_str();
+    return ansiText(wide);
 }
 
 std::vector<std::string> listItems(HWND list) {
@@ -177,14 +187,9 @@ std::vector<std::string> listItems(HWND list) {
     for (LRESULT i = 0; i < count; ++i) {
         const LRESULT length = askWindow(list, combo ? CB_GETLBTEXTLEN : LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
         if (length == LB_ERR) break;
-        // Asked in UTF-16, which the system copies across processes as it is
-        // (Wine hands a narrow request the wide text), then put in the ANSI code page.
         std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
         askWindow(list, combo ? CB_GETLBTEXT : LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()));
-        const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
-        std::string text(static_cast<std::size_t>(size), '\0');
-        ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
-        items.emplace_back(text.c_str());
+        items.push_back(ansiText(wide));
     }
     return items;
 }
@@ -496,6 +501,18 @@ int run(int argc, char** argv) {
             return fail();
         }
         return answerFolderDialog(dialog, arg(2));
+    }
+    if (command == "open-file") {
+        const std::string title = arg(1);
+        HWND dialog = waitFor([&]() -> HWND {
+            HWND top = findTopLevel(title);
+            return top && className(top) == "#32770" ? top : nullptr;
+        });
+        if (!dialog) {
+            std::fprintf(stderr, "tarvauto: no open-file dialog titled \"%s\"\n", title.c_str());
+            return fail();
+        }
+        return tv::testing::answerFileDialog(dialog, arg(2)) ? 0 : fail();
     }
     if (command == "tree" || command == "tree-select" || command == "tree-open") {
         const std::string name = arg(2);

@@ -1,5 +1,8 @@
 #include "ui/application.h"
 
+#include "avshell/scanner_catalogue.h"
+#include "avshell/scanner_catalogue_form.h"
+#include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
 #include "custom/custom_folder_form.h"
@@ -21,6 +24,8 @@
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
 #include "ui/settings_actions.h"
+#include "ui/setup_wizard.h"
+#include "ui/setup_wizard_form.h"
 #include "ui/shortcut_maker.h"
 
 namespace tv::ui {
@@ -35,6 +40,10 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
                                                          [this] { scannerChoice().setVisible(true); });
     advancedActions_ = std::make_unique<AdvancedActions>(ctx_, *mForm1_, reloadSettings);
     mForm1_->options.cCreateSS.onClick = [this] { createShutDownShortcut(ctx_); };
+    mForm1_->options.cSetW.onClick = [this] {
+        loadSettings(ctx_, *mForm1_, scannerChoice());
+        wizardPages().LoadUp();
+    };
     folderScan_ = std::make_unique<FolderScanActions>(
         ctx_, mForm1_->folderScan, *this, [this]() -> ScanDriver& { return scanDriver(); },
         [this] { mForm1_->norms2(); });
@@ -48,12 +57,53 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
 
 Application::~Application() = default;
 
+// The three scanner forms reach one another through these accessors, so that
+// each is made only when it is used. The file box is owned by the catalogue's window.
 ScannerChoiceForm& Application::scannerChoice() {
     if (!sAvir_) {
         sAvir_ = std::make_unique<ScannerChoiceForm>();
+        scannerChoice_ = std::make_unique<ScannerChoice>(
+            ctx_, *sAvir_,
+            ScannerChoice::Links{[this]() -> Control& { return setupWizard().varg; },
+                                 [this] { return scannerCatalogue().nativeWindow(); },
+                                 [this](const std::string& tag) { catalogueSearch().show(tag); }});
         ctx_.os.renderer.attach(*sAvir_);
+        scannerChoice_->formLoad();
     }
     return *sAvir_;
+}
+
+ScannerCatalogueForm& Application::scannerCatalogue() {
+    if (!aVirHelp_) {
+        aVirHelp_ = std::make_unique<ScannerCatalogueForm>();
+        catalogue_ = std::make_unique<ScannerCatalogue>(ctx_, *aVirHelp_, scannerChoice(), [this] {
+            return ScannerCatalogue::WizardFields{setupWizard().vpath, setupWizard().varg};
+        });
+        ctx_.os.renderer.attach(*aVirHelp_);
+    }
+    return *aVirHelp_;
+}
+
+ScannerCatalogue& Application::catalogueSearch() {
+    scannerCatalogue();
+    return *catalogue_;
+}
+
+SetupWizardForm& Application::setupWizard() {
+    if (!vDct_) {
+        vDct_ = std::make_unique<SetupWizardForm>();
+        wizard_ = std::make_unique<SetupWizard>(
+            ctx_, *vDct_, scannerChoice(),
+            SetupWizard::Links{[this] { catalogueSearch().show(""); },
+                               [this] { return scannerCatalogue().nativeWindow(); }});
+        ctx_.os.renderer.attach(*vDct_);
+    }
+    return *vDct_;
+}
+
+SetupWizard& Application::wizardPages() {
+    setupWizard();
+    return *wizard_;
 }
 
 ScanWindow& Application::scanWindow() {

@@ -27,6 +27,11 @@ class MainActions;
 class SettingsActions;
 class AdvancedActions;
 class ScannerChoiceForm;
+class ScannerChoice;
+class ScannerCatalogueForm;
+class ScannerCatalogue;
+class SetupWizardForm;
+class SetupWizard;
 class ScanWindow;
 
 class Application final : public ScanHost, public ShutdownHost {
@@ -40,8 +45,14 @@ public:
 
     // The main window, created (and attached to the renderer) with the application.
     MainWindow& mainForm() { return *mForm1_; }
-    // The scanner form, created hidden on first use.
+    // s_avir, the scanner selection, created hidden on first use.
     ScannerChoiceForm& scannerChoice();
+    // aVirHelp, the scanner catalogue, with its search; created hidden on first use.
+    ScannerCatalogueForm& scannerCatalogue();
+    ScannerCatalogue& catalogueSearch();
+    // vDct, the Setup Wizard, created hidden on first use.
+    SetupWizardForm& setupWizard();
+    SetupWizard& wizardPages();
     // intCheck, the scan window, with the driver of its scans; created hidden on first use.
     ScanWindow& scanWindow();
     ScanDriver& scanDriver();
@@ -97,6 +108,11 @@ private:
     std::unique_ptr<RegistryPass> regPass_;
     std::unique_ptr<RegWatchActions> regActions_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
+    std::unique_ptr<ScannerChoice> scannerChoice_;
+    std::unique_ptr<ScannerCatalogueForm> aVirHelp_;
+    std::unique_ptr<ScannerCatalogue> catalogue_;
+    std::unique_ptr<SetupWizardForm> vDct_;
+    std::unique_ptr<SetupWizard> wizard_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;
     std::unique_ptr<FindingsAction> findings_;

@@ -3,48 +3,29 @@
 #include <array>
 #include <optional>
 
+#include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "core/vb_number.h"
 #include "ui/main_window.h"
+#include "ui/settings_boxes.h"
 #include "ui/startup_folder.h"
 
 namespace tv::ui {
 namespace {
 
-// Sets a flat check from a settings position: any number other than 0 ticks it.
-bool applyFlag(Control& box, const std::string& text) {
-    const auto number = toInt16(text);
-    if (!number) return false;
-    box.setValue(*number != 0 ? 1 : 0);
-    return true;
-}
-
-// Sets a plain check box: 0 clear, 1 ticked, 2 greyed; anything else is refused.
-bool applyBoxState(Control& box, const std::string& text) {
-    const auto number = toInt16(text);
-    if (!number || *number < 0 || *number > 2) return false;
-    box.setValue(*number);
-    return true;
-}
-
-template <std::size_t N, class Apply>
-bool applyList(const std::string& list, const std::array<Control*, N>& targets, Apply apply) {
+// Sets the plain check boxes from the list's positions: 0 clear, 1 ticked,
+// 2 greyed; stops at anything else.
+bool applyBoxStates(const std::string& list, const std::array<Control*, 3>& boxes) {
     const auto parts = splitText(list, ",");
-    for (std::size_t i = 0; i < parts.size() && i < N; ++i)
-        if (!apply(*targets[i], parts[i])) return false;
+    for (std::size_t i = 0; i < parts.size() && i < boxes.size(); ++i) {
+        const auto number = toInt16(parts[i]);
+        if (!number || *number < 0 || *number > 2) return false;
+        boxes[i]->setValue(*number);
+    }
     return true;
-}
-
-// One scanner setting, "<program>|<arguments>", into its two fields. Each field is
-// set on its own; one that cannot be cut out keeps its former text.
-void applyScanner(const std::optional<std::string>& setting, Control& program, Control& arguments) {
-    const std::string value = setting.value_or("");
-    const std::size_t bar = inStr(1, value, "|");
-    if (bar > 0) program.setCaption(leftText(value, bar - 1));
-    arguments.setCaption(trimBlanks(midText(value, bar + 1)));
 }
 
 }  // namespace
@@ -55,10 +36,10 @@ bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners
     page.Check1.setValue(fileThere(ctx, autoLoadShortcutPath(ctx)) ? 1 : 0);
 
     const auto settings = getSetting(ctx, "GETSETT");
-    if (!settings || !applyList(*settings, page.logOnBoxes(), applyFlag)) return false;
+    if (!settings || !applyFlagList(*settings, page.logOnBoxes())) return false;
 
     const auto settings2 = getSetting(ctx, "GETSETT2");
-    if (!settings2 || !applyList(*settings2, page.shutDownBoxes(), applyFlag)) return false;
+    if (!settings2 || !applyFlagList(*settings2, page.shutDownBoxes())) return false;
 
     const auto advanced = getSetting(ctx, "ADV");
     if (!advanced) return false;
@@ -78,12 +59,12 @@ bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners
 
     ctx.autoScanFailed = page.Check8.value() == 1;
 
-    applyScanner(getSetting(ctx, "ANTIVIRUS"), scanners.Text5, scanners.Text6);
-    applyScanner(getSetting(ctx, "AV2"), scanners.Text1, scanners.Text2);
+    putScannerSetting(getSetting(ctx, "ANTIVIRUS"), scanners.Text5, scanners.Text6);
+    putScannerSetting(getSetting(ctx, "AV2"), scanners.Text1, scanners.Text2);
 
     const auto scannerOptions = getSetting(ctx, "ANTIVIRUS2");
     if (!scannerOptions ||
-        !applyList<3>(*scannerOptions, {&advancedPage.Check10, &advancedPage.Check11, &advancedPage.avfocus}, applyBoxState))
+        !applyBoxStates(*scannerOptions, {&advancedPage.Check10, &advancedPage.Check11, &advancedPage.avfocus}))
         return false;
 
     ctx.quoteChar = advancedPage.Check10.value() != 0 ? "\"" : "";

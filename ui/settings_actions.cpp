@@ -1,28 +1,13 @@
 #include "ui/settings_actions.h"
 
-#include <array>
-#include <string>
-
 #include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "ui/main_window.h"
+#include "ui/settings_boxes.h"
 #include "ui/shortcut_maker.h"
 #include "ui/startup_folder.h"
 
 namespace tv::ui {
-namespace {
-
-template <std::size_t N>
-std::string joinValues(const std::array<Control*, N>& boxes) {
-    std::string list;
-    for (const Control* box : boxes) {
-        if (!list.empty()) list += ',';
-        list += std::to_string(box->value());
-    }
-    return list;
-}
-
-}  // namespace
 
 SettingsActions::SettingsActions(AppContext& ctx, MainWindow& window, std::function<void()> reloadSettings,
                                  std::function<void()> showScanners)

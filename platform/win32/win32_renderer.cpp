@@ -289,6 +289,10 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
             ::SendMessageA(child, BM_SETSTYLE, checkBoxType(control), FALSE);
             ::SendMessageA(child, BM_SETCHECK, checkState(control.value()), 0);
         }
+        // A label lit under the mouse is underlined: its font says so.
+        if (control.kind() == Kind::Label)
+            ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(control.underlined() ? fonts.underlined : fonts.plain),
+                           FALSE);
         ::InvalidateRect(child, nullptr, TRUE);
         break;
     case Prop::Bounds: ::InvalidateRect(child, nullptr, TRUE); break;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/settings_text.h"
 #include "core/text.h"
 
 namespace tv::test {
@@ -169,6 +170,22 @@ std::string FixedShell::specialFolder(int csidl, std::size_t) const {
     return found == special.end() ? std::string() : found->second;
 }
 
+std::string FixedShell::searchTree(const std::string& root, const std::string& name) const {
+    searches.emplace_back(root, name);
+    const auto found = treeHits.find({root, name});
+    return found == treeHits.end() ? std::string() : found->second;
+}
+
+std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
+                                       std::size_t bufferChars) {
+    fileDialogs.emplace_back(title, filter);
+    if (fileChoices.empty()) return {};
+    std::string buffer = fileChoices.front();
+    fileChoices.pop_front();
+    buffer.resize(std::max(buffer.size(), bufferChars), '\0');
+    return buffer;
+}
+
 int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {
     shown.push_back({prompt, title, style});
     if (answers.empty()) {
@@ -178,6 +195,18 @@ int ScriptedBoxes::show(const std::string& prompt, const std::string& title, uns
     const int answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+void prepareProgramFolder(FakePlatform& os, AppContext& ctx,
+                          const std::vector<std::pair<std::string, std::string>>& settingsLines) {
+    os.files.folders.insert({"C:\\TARVELON", "C:\\TARVELON\\DATA"});
+    std::string text = newSettingsFileText();
+    for (const auto& [line, replacement] : settingsLines)
+        text = replaceText(text, "\r\n" + line + "\r\n", "\r\n" + replacement + "\r\n");
+    ctx.appPath = "C:\\Tarvelon\\";
+    ctx.settFile = ctx.appPath + "Data\\Tarvelon.dat";
+    ctx.intFile = ctx.appPath + "Data\\Integrity.dat";
+    os.files.put(ctx.settFile, text);
 }
 
 }  // namespace tv::test

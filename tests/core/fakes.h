@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "core/app_context.h"
 #include "core/platform_set.h"
 #include "integrity/scan_host.h"
 
@@ -61,10 +62,18 @@ public:
     std::string systemDirectory(std::size_t) const override { return "C:\\WINDOWS\\SYSTEM32"; }
     std::string windowsDirectoryBuffer(std::size_t charCount) const override;
     std::string specialFolder(int csidl, std::size_t) const override;
-    std::string searchTree(const std::string&, const std::string&) const override { return {}; }
-    std::string openFileDialog(NativeWindow, const std::string&, const std::string&, std::size_t) override {
-        return {};
-    }
+    // The tree search finds what `treeHits` holds for its root and name, and
+    // records every search in `searches`.
+    std::map<std::pair<std::string, std::string>, std::string> treeHits;
+    mutable std::vector<std::pair<std::string, std::string>> searches;
+    std::string searchTree(const std::string& root, const std::string& name) const override;
+    // The open-file dialog answers with the next of `fileChoices` in its whole
+    // buffer, zeros behind the name as the system leaves them; cancelled when
+    // none is left. Every dialog's title and filter are recorded.
+    std::deque<std::string> fileChoices;
+    std::vector<std::pair<std::string, std::string>> fileDialogs;
+    std::string openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
+                               std::size_t bufferChars) override;
     std::string browseForFolder(const std::string&) override { return {}; }
     // Every path is its own short name.
     std::string shortPathBuffer(const std::string& path, std::size_t charCount) const override;
@@ -262,5 +271,11 @@ struct FakePlatform {
         return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
     }
 };
+
+// The program's folder C:\Tarvelon\ with its Data folder and a new settings
+// file in which each line `first` is replaced by `second`; the context's
+// paths point into it.
+void prepareProgramFolder(FakePlatform& os, AppContext& ctx,
+                          const std::vector<std::pair<std::string, std::string>>& settingsLines);
 
 }  // namespace tv::test

@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
 # Pictures of the program's windows and pages as a user sees them, kept in
 # docs/screenshots/ (SCREENSHOTS): the main window's pages with the settings
-# pages, the custom folder manager, and the scan window's results and list of
-# failing files. Each picture must show more than a blank window.
+# pages, the custom folder manager, the Setup Wizard, the scanner selection and
+# catalogue, and the scan window's results and list of failing files. Each picture must show more than a blank window.
 source "$(dirname "$0")/lib.sh"
 : "${SCREENSHOTS:?}"
 mkdir -p "$SCREENSHOTS"
 
 main="Welcome to Tarvelon"
 manager="Add/Remove Custom Integrity Scan Folders"
+wizard="Tarvelon - Setup Wizard"
+selection="Anti-Virus/Trojan Selection Screen"
+catalogue="Anti-Virus Shell Help"
 system=$WINEPREFIX/drive_c/windows/system32
 
 app=$(new_program_folder)
@@ -29,7 +32,8 @@ PY
 # DLL, driver and EXE files checked at log-on, reports on; two custom folders, the first
 # checked at log-on for DLL and EXE files.
 {
-    printf '[Tarvelon]\r\nsettings=1,1,0,0,1,0,0,1\r\nadvanced=65536,500,0\r\nantivirus=\r\n'
+    printf '[Tarvelon]\r\nsettings=1,1,0,0,1,0,0,1\r\nadvanced=65536,500,0\r\n'
+    printf 'antivirus=C:\\Program Files\\Grisoft\\AVG\\avgse.exe| \r\n'
     printf 'av2=\r\nantivirus2=1,0,0\r\nalgo=crc32\r\n\r\n'
     printf '[1]\r\npath=C:\\Program Files\\\r\nargs=1,0,0,0,1,0,1\r\nargs2=0,0,0,0,0,0,0\r\n\r\n'
     printf '[2]\r\npath=C:\\windows\\\r\nargs=0,0,0,0,0,0,0\r\nargs2=1,1,1,1,1,1,1\r\n\r\n'
@@ -57,6 +61,25 @@ shoot "$manager" custom-folders
 auto click "$manager" Command3 >/dev/null
 auto press TarvelonLow OK >/dev/null
 auto wait-no-window "$manager" >/dev/null
+
+# The wizard on its scanner page, Next lit under the mouse; then the scanner
+# selection and the catalogue over it.
+auto click "$main" Image11 >/dev/null
+auto click "$main" cSetW >/dev/null
+auto wait-window "$wizard" >/dev/null
+for what in move down up move; do auto mouse "$wizard" Label1 "$what" >/dev/null; done
+auto wait-caption "$wizard" title "Anti-Virus Setup (1/2)" >/dev/null
+shoot "$wizard" setup-wizard
+auto click "$wizard" Label3 >/dev/null
+auto press TarvelonLow Yes >/dev/null
+auto click "$main" cSettings >/dev/null
+auto click "$main" cButton10 >/dev/null
+auto wait-window "$selection" >/dev/null
+shoot "$selection" scanner-choice
+auto click "$selection" chlpFind >/dev/null
+auto wait-window "$catalogue" >/dev/null
+auto choose "$catalogue" List1 2 >/dev/null
+shoot "$catalogue" scanner-catalogue
 
 auto click "$main" cButton9 >/dev/null
 auto wait-exit "$PID" >/dev/null

@@ -56,14 +56,6 @@ protected:
     }
     ~SettingsPages() override { ::OleUninitialize(); }
 
-    // The file as the system's profile writer leaves `before` after the
-    // writes to the main section, in that order.
-    std::string expected(const std::string& before, const std::vector<std::pair<const char*, std::string>>& writes) {
-        writeFile("expected.dat", before);
-        for (const auto& [key, value] : writes)
-            ::WritePrivateProfileStringA("Tarvelon", key, value.c_str(), path("expected.dat").c_str());
-        return readFile("expected.dat");
-    }
     std::string settingsFile() const { return readFile("Data\\Tarvelon.dat"); }
     std::string link() const { return path("Startup\\Tarvelon.lnk"); }
     bool isShortcut(const std::string& file) const { return files.readAll(file).value_or("").starts_with("L\0\0\0"s); }
