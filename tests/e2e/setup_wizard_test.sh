@@ -43,7 +43,7 @@ answer() {  # expected prompt, button
 release() { for what in move down up; do auto mouse "$wizard" "$1" "$what" >/dev/null; done; }
 expect_page() { auto wait-caption "$wizard" title "$1" >/dev/null; }
 setting() { grep -a "^$1=" "$app/Data/Tarvelon.dat" | tr -d '\r'; }
-test_line() { printf '"%s" "%s\\Data\\Tarvelon.dat" "%s\\Data\\Integrity.dat"' "$1" "$(windows_path "$app")" "$(windows_path "$app")"; }
+test_line() { printf '%s "%s\\Data\\Tarvelon.dat" "%s\\Data\\Integrity.dat"' "$1" "$(windows_path "$app")" "$(windows_path "$app")"; }
 wait_for_lines() {  # count
     local deadline=$((SECONDS + 20))
     until [ -f "$WORK/scans.log" ] && [ "$(wc -l <"$WORK/scans.log")" -ge "$1" ]; do

@@ -235,8 +235,8 @@ TEST_F(ScannerSetup, SearchFindsTheScannerBelowProgramFilesAndTheTestStartsIt) {
     EXPECT_EQ(click(catalogue.Command2, 1).size(), 1u);
     const DWORD start = ::GetTickCount();
     while (!files.length(log).value_or(0) && ::GetTickCount() - start < 20000) ::Sleep(20);
-    // The program part goes out unquoted; Wine hands it over in quotes because of its blank.
-    EXPECT_EQ(readFile("scans.log"), "\"" + scanner + "\" \"" + ctx.settFile + "\" \"" + ctx.intFile + "\"\r\n");
+    // The program part goes out unquoted, blank and all, and arrives so.
+    EXPECT_EQ(readFile("scans.log"), scanner + " \"" + ctx.settFile + "\" \"" + ctx.intFile + "\"\r\n");
 
     catalogue.Command3.userClick();
     EXPECT_EQ(choice.Text5.caption(), scanner);
