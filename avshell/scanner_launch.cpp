@@ -1,5 +1,6 @@
 #include "avshell/scanner_launch.h"
 
+#include "core/settings_store.h"
 #include "core/text.h"
 #include "platform/controls.h"
 
@@ -29,7 +30,25 @@ bool runScanner(AppContext& ctx, const std::string& commandLine) {
     return ctx.os.processes.start(commandLine, focus ? show::NormalFocus : show::MinimizedFocus);
 }
 
+ScannerPair scannersFromSettings(const AppContext& ctx) {
+    ScannerPair scanners;
+    const auto split = [&ctx](const char* request, std::string& exe, std::string& args) {
+        const std::string value = getSetting(ctx, request).value_or("");
+        const std::size_t bar = inStr(1, value, "|");
+        if (bar > 0) exe = leftText(value, bar - 1);
+        args = trimBlanks(midText(value, bar + 1));
+    };
+    split("ANTIVIRUS", scanners.exe1, scanners.args1);
+    split("AV2", scanners.exe2, scanners.args2);
+    return scanners;
+}
+
+std::string scannerFailure(const std::string& exe) {
+    return "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r" + exe;
+}
+
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch) {
+    if (trimBlanks(scanners.exe1).empty()) return false;
     if (!runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + batch)) return false;
     if (trimBlanks(scanners.exe2).empty()) return true;
     return runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + batch);

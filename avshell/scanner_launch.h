@@ -30,9 +30,19 @@ struct ScannerPair {
     std::string exe1, args1, exe2, args2;
 };
 
+// The two scanners of the settings file (antivirus, av2), each "<exe>|<args>":
+// the exe as it stands in front of the first "|", the arguments behind it
+// trimmed. A setting without "|" (or a missing settings file) names no exe.
+ScannerPair scannersFromSettings(const AppContext& ctx);
+
 // Hands one batch to the first scanner and then to the second. False at the
-// first scanner that could not be started.
+// first scanner that could not be started. A first scanner without an exe
+// cannot be started: its command line would begin with the first file.
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch);
+
+// What the user is told when a scanner of a batch could not be started; `exe`
+// is the first scanner's, whichever failed.
+std::string scannerFailure(const std::string& exe);
 
 // The batching walk over a list from index `first` to `last`: every turn counts,
 // also for an empty entry; a non-empty entry joins the batch as a batchItem;

@@ -1,5 +1,6 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
+  appwatch/appwatch_actions.cpp
   appwatch/appwatch_page.cpp
   avshell/scanner_launch.cpp
   core/baseline_block.cpp
@@ -40,7 +41,10 @@ set(TARVELON_CORE_SOURCES
   integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
+  logging/log_browser.cpp
   logging/log_browser_page.cpp
+  logging/log_names.cpp
+  logging/report_fields.cpp
   logging/write_log.cpp
   regwatch/reg_class.cpp
   regwatch/regwatch_page.cpp

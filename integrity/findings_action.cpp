@@ -41,9 +41,7 @@ FindingsAction::FindingsAction(AppContext& ctx, ui::ScanWindow& window, ScanHost
 }
 
 void FindingsAction::showScannerFailure() {
-    ctx_.os.boxes.show("Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r" +
-                           window_.Text1.caption(),
-                       kAppTitle, box::OkOnly);
+    ctx_.os.boxes.show(scannerFailure(window_.Text1.caption()), kAppTitle, box::OkOnly);
 }
 
 // Walks List1 from its first index to one past its last, so that the last turn

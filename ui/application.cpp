@@ -1,5 +1,6 @@
 #include "ui/application.h"
 
+#include "appwatch/appwatch_actions.h"
 #include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
 #include "custom/custom_folder_form.h"
@@ -13,6 +14,7 @@
 #include "integrity/folder_scan_actions.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
+#include "logging/log_browser.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -30,6 +32,9 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
         [this] { mForm1_->norms2(); });
     mForm1_->Image5.onClick = [this] { folderScan_->enter(); };
     mForm1_->folderScan.addRem.onClick = [this] { customFolderManager().show(); };
+    appWatch_ = std::make_unique<AppWatchActions>(ctx_, mForm1_->appWatch);
+    logBrowser_ = std::make_unique<LogBrowser>(ctx_, mForm1_->logBrowser, mForm1_->report, mForm1_->setFq,
+                                               [this] { mForm1_->norms2(); });
     ctx_.autoLogging = &mForm1_->settings.Check7;
     ctx_.scannerFocus = &mForm1_->advanced.avfocus;
 }

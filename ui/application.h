@@ -9,9 +9,11 @@
 #include "integrity/scan_host.h"
 
 namespace tv {
+class AppWatchActions;
 class ScanDriver;
 class FindingsAction;
 class FolderScanActions;
+class LogBrowser;
 }
 
 namespace tv::ui {
@@ -75,6 +77,8 @@ private:
     std::unique_ptr<MainWindow> mForm1_;
     std::unique_ptr<MainActions> actions_;
     std::unique_ptr<FolderScanActions> folderScan_;
+    std::unique_ptr<AppWatchActions> appWatch_;
+    std::unique_ptr<LogBrowser> logBrowser_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScanWindow> intCheck_;
     std::unique_ptr<ScanDriver> scanDriver_;

@@ -40,8 +40,7 @@ MainWindow::MainWindow()
       advanced(*this, advF),
       about(*this, Frame2) {
     // Their screens are still to come.
-    for (Control* button : {&options.cSetW, &options.cSettings, &options.cButton2, &options.cCreateSS,
-                            &logBrowser.cReports})
+    for (Control* button : {&options.cSetW, &options.cSettings, &options.cButton2, &options.cCreateSS})
         button->setEnabled(false);
     // The About page is what the window opens on; the settings page waits,
     // visible, inside its hidden holder.

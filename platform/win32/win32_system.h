@@ -58,6 +58,8 @@ public:
 
 class Win32TopWindows final : public TopWindows {
 public:
+    // `answerMs`: how long a window may take to answer the close request.
+    explicit Win32TopWindows(unsigned answerMs = 10000);
     NativeWindow desktop() const override;
     NativeWindow relative(NativeWindow window, int relation) const override;
     std::string titleBuffer(NativeWindow window, std::size_t charCount) const override;
@@ -66,6 +68,9 @@ public:
     NativeWindow find(const std::optional<std::string>& className, const std::string& title) const override;
     void bringToTop(NativeWindow window) override;
     void askToClose(NativeWindow window) override;
+
+private:
+    unsigned answerMs_;
 };
 
 class Win32Power final : public Power {
