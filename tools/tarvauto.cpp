@@ -27,6 +27,8 @@
 //                                            on the control; a <name> of "-" stands for the window itself
 //   tarvauto type <title> <name> <text>      replace the text of a text box, as typing does
 //   tarvauto mouse <title> <name> move|down|up  the mouse moving, or its left button, over the control
+//   tarvauto show-window <title> [hidden]    a window of its own (class TarvautoWindow) with that title, shown
+//                                            or hidden; exits with 0 once it is asked to close, with 1 at the deadline
 //
 // A <title> of the form @name stands for the window whose TarvelonName is name.
 //   tarvauto kill <pid>                      end a process left running by a failed test
@@ -149,6 +151,20 @@ LRESULT askWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     DWORD_PTR result = 0;
     if (!::SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, g_timeoutMs, &result)) return LB_ERR;
     return static_cast<LRESULT>(result);
+}
+
+// The text of a control of another process. The system keeps a window's text
+// for others to read only when the window leaves its text to the system; an
+// edit box keeps its own, which only the asked control can tell.
+std::string controlText(HWND control) {
+    const LRESULT length = askWindow(control, WM_GETTEXTLENGTH, 0, 0);
+    if (length == LB_ERR || length <= 0) return {};
+    std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1, L'\0');
+    askWindow(control, WM_GETTEXT, wide.size(), reinterpret_cast<LPARAM>(wide.data()));
+    const int size = ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), size, nullptr, nullptr);
+    return text.c_str();
 }
 
 std::vector<std::string> listItems(HWND list) {
@@ -315,6 +331,34 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
     return 0;
 }
 
+// A window that closes when asked (WM_CLOSE), as an ordinary program's does,
+// and gives up by itself at the deadline.
+int showWindow(const std::string& title, bool hidden) {
+    constexpr UINT_PTR kDeadline = 1;
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = [](HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_TIMER && wParam == kDeadline) {
+            ::SetPropA(hwnd, "expired", reinterpret_cast<HANDLE>(1));
+            ::DestroyWindow(hwnd);
+            return 0;
+        }
+        if (message == WM_DESTROY) ::PostQuitMessage(::GetPropA(hwnd, "expired") ? 1 : 0);
+        return ::DefWindowProcA(hwnd, message, wParam, lParam);
+    };
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = "TarvautoWindow";
+    ::RegisterClassA(&windowClass);
+    HWND window = ::CreateWindowExA(0, windowClass.lpszClassName, title.c_str(),
+                                    WS_OVERLAPPEDWINDOW | (hidden ? 0 : WS_VISIBLE), 700, 40, 240, 120, nullptr,
+                                    nullptr, windowClass.hInstance, nullptr);
+    if (!window) return fail();
+    ::SetTimer(window, kDeadline, g_timeoutMs, nullptr);
+    MSG message;
+    while (::GetMessageA(&message, nullptr, 0, 0) > 0) ::DispatchMessageA(&message);
+    return static_cast<int>(message.wParam);
+}
+
 int start(const std::string& commandLine) {
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
@@ -377,6 +421,7 @@ int run(int argc, char** argv) {
         return 0;
     }
     if (command == "wait-window") return waitTopLevel(arg(1)) ? 0 : fail();
+    if (command == "show-window") return showWindow(arg(1), arg(2) == "hidden");
     if (command == "wait-no-window") {
         const std::string title = arg(1);
         HWND none = waitFor([&]() -> HWND {
@@ -410,7 +455,7 @@ int run(int argc, char** argv) {
     }
     if (command == "wait-caption") {
         const std::string name = arg(2), text = arg(3);
-        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && windowText(h) == text; },
+        HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && controlText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
     }
@@ -527,7 +572,7 @@ int run(int argc, char** argv) {
         if (command == "click")
             pressButton(control);
         else
-            std::fwrite(windowText(control).data(), 1, windowText(control).size(), stdout);
+            std::fwrite(controlText(control).data(), 1, controlText(control).size(), stdout);
         return 0;
     }
     std::fprintf(stderr, "tarvauto: unknown command %s\n", command.c_str());

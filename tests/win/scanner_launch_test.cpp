@@ -13,15 +13,6 @@ protected:
     AppContext ctx{{files, profiles, shell, boxes, real, loop, renderer, registry, clock, windows, power, shortcuts}};
 };
 
-// The build puts the fake scanner in tools\, beside the tests' tests\.
-std::string fakeScanner() {
-    char self[MAX_PATH] = {};
-    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
-    std::string path(self);
-    path.erase(path.find_last_of('\\'));
-    return path.substr(0, path.find_last_of('\\')) + "\\tools\\fakescan.exe";
-}
-
 TEST_F(ScannerLaunch, CommandLineReachesTheScannerUnchanged) {
     const std::string fakescan = fakeScanner();
     ASSERT_TRUE(files.canRead(fakescan)) << fakescan;

@@ -37,6 +37,14 @@ std::string WinTest::readFile(const std::string& relative) const {
     return files.readAll(path(relative)).value_or("<unreadable>");
 }
 
+std::string fakeScanner() {
+    char self[MAX_PATH] = {};
+    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
+    std::string path(self);
+    path.erase(path.find_last_of('\\'));
+    return path.substr(0, path.find_last_of('\\')) + "\\tools\\fakescan.exe";
+}
+
 FileLock::FileLock(const std::string& path)
     : handle_(::CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
                             FILE_ATTRIBUTE_NORMAL, nullptr)) {}

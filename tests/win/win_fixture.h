@@ -43,6 +43,10 @@ private:
     std::string folder_;  // ends in a backslash
 };
 
+// The fake scanner, which the build puts in tools\ beside the tests' tests\:
+// it appends its command line to the file TARVELON_FAKESCAN_LOG names.
+std::string fakeScanner();
+
 // Holds a file open with no sharing, as another program might.
 class FileLock {
 public:
