@@ -9,7 +9,8 @@
 # is reported. Then a clean log-on scan of generated system directories of
 # 5,000, 10,000 and 100,000 files runs on its window, shown and hidden, and the
 # first scan of custom folders of 2,000 and 20,000 new files runs up to their
-# saved baselines. Every command runs on core 0. Results: build/bench/results.md.
+# saved baselines. Every command runs on core 0. Last, bench/log-bench.sh times
+# the log browser. Results: build/bench/results.md.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
@@ -204,3 +205,9 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo "- 20,000 / 2,000: $(ratio "${scans[20000.first]}" "${scans[2000.first]}") (at most 12)"
 } >"$results"
 cat "$results"
+
+echo "== the log browser"
+wine_session_stop
+trap - EXIT
+bench/log-bench.sh >/dev/null
+{ echo; cat "$out/log-results.md"; } | tee -a "$results"

@@ -87,9 +87,9 @@ void LogBrowser::openReport() {
     }
     const auto content = ctx_.os.files.readAll(*path);
     if (!content) return;
-    const std::vector<std::string> fields = reportFields(*content);
+    std::vector<std::string> fields = reportFields(*content);
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        list.addItem(fields[i]);
+        list.addItem(std::move(fields[i]));
         if (i + 1 < fields.size()) ctx_.os.loop.pump();
     }
     page_.Label26.setVisible(false);

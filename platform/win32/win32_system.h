@@ -110,10 +110,16 @@ public:
     void quit(int exitCode) override;
 
 private:
+    void pumpNow();
+    long long now();  // the performance counter
+
+
     bool quitting_ = false;
     int exitCode_ = 0;
     long long lastAsked_ = 0;       // performance counter at the last status question
     long long oneMillisecond_ = 0;  // counter ticks per millisecond
+    bool pumped_ = false;
+    DWORD lastPumpTick_ = 0;  // the system's tick count at the end of the last pump
 };
 
 }  // namespace tv::win32
