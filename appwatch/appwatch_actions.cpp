@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "appwatch/appwatch_page.h"
 #include "core/text.h"
@@ -12,7 +13,7 @@ namespace {
 constexpr int kFirstChild = 5;  // GW_CHILD
 constexpr int kNext = 2;        // GW_HWNDNEXT
 constexpr std::size_t kTextBuffer = 255;
-constexpr const char* kClassPrefix = "Class Name: ";  // 12 characters, cut off again to find the window
+constexpr std::string_view kClassPrefix = "Class Name: ";  // cut off again to find the window
 
 // The system holds at most this many windows. A walk along the stacking order
 // that has taken more steps is going round in circles, as it can when windows
@@ -75,7 +76,7 @@ void AppWatchActions::rowChosen() {
     const std::string className = ctx_.os.windows.classBuffer(window, kTextBuffer);
     std::uint32_t process = 0;
     if (!className.empty() && className[0] != '\0') {
-        page_.lblClassName.setCaption(kClassPrefix + beforeZero(className));
+        page_.lblClassName.setCaption(std::string(kClassPrefix) + beforeZero(className));
         process = ctx_.os.windows.processId(window);
     } else {
         page_.lblClassName.setCaption("Window Not Found!!!");
@@ -89,7 +90,7 @@ NativeWindow AppWatchActions::chosenWindow() const {
     const std::string& label = page_.lblClassName.caption();
     const std::string& title = page_.txtTitle.caption();
     if (!trimBlanks(label).empty())
-        return ctx_.os.windows.find(midText(label, std::char_traits<char>::length(kClassPrefix) + 1), title);
+        return ctx_.os.windows.find(midText(label, kClassPrefix.size() + 1), title);
     return ctx_.os.windows.find(std::string(), trimBlanks(title));
 }
 
