@@ -18,7 +18,7 @@ out=build/bench
 data=$out/data
 mkdir -p "$data"
 results=$out/log-results.md
-runs=${BENCH_RUNS:-7}
+runs=${BENCH_RUNS:-15}
 pin=(taskset -c 0)
 
 echo "== building the log browser benchmark"
@@ -34,43 +34,42 @@ wineserver -k
 "${pin[@]}" wineserver -p
 wine cmd /c exit >/dev/null 2>&1 || true  # Wine's services start now, away from any output we read
 
-# "median minimum" seconds of one measurement; the program folder is made on first use.
-measure() {  # load|list|open, size, folder, [model]
-    mkdir -p "$data/$3"
-    local folder answer
-    folder="Z:$(realpath "$data/$3" | tr / '\\')\\"
-    "${pin[@]}" wine "$out/../win64/bench/log_bench.exe" "$1" "$2" "$runs" "$folder" ${4:+"$4"} >"$out/log_bench.out" 2>&1 || true
+# One pair of cases, timed in turns: "median fastest median fastest ratio",
+# the ratio being the median over the pairs of the larger against the smaller.
+measure() {  # load|list|open, smaller, larger, [model]
+    "${pin[@]}" wine "$out/../win64/bench/log_bench.exe" "$1" "$2" "$3" "$runs" "Z:$(realpath "$data" | tr / '\\')\\" \
+        ${4:+"$4"} >"$out/log_bench.out" 2>&1 || true
+    local answer
     answer=$(tr -d '\r' <"$out/log_bench.out")
-    [[ $answer =~ median=([0-9.]+)\ min=([0-9.]+) ]] || { echo "log_bench $*: $answer" >&2; return 1; }
+    [[ $answer =~ ^([0-9.]+\ [0-9.]+\ [0-9.]+\ [0-9.]+)\ ratio=([0-9.]+)$ ]] || { echo "log_bench $*: $answer" >&2; return 1; }
     echo "${BASH_REMATCH[1]} ${BASH_REMATCH[2]}"
 }
-# The larger over the smaller, from the fastest repetition of each: other
-# programs on the machine can only ever add time.
-ratio() { python3 -c "import sys; print(f'{float(sys.argv[2]) / float(sys.argv[1]):.1f}')" "${1#* }" "${2#* }"; }
-shown() { printf '%s (%s)' "${1% *}" "${1#* }"; }
+cell() {  # figures, which case (1 or 2)
+    local f
+    read -ra f <<<"$1"
+    printf '%s (%s)' "${f[$((2 * $2 - 2))]}" "${f[$((2 * $2 - 1))]}"
+}
+ratio() { local f; read -ra f <<<"$1"; echo "${f[4]}"; }
 
 echo "== timing the log browser"
-declare -A t
-t[list2000]=$(measure list 2000 logs2000)
-t[list20000]=$(measure list 20000 logs20000)
-for way in model screen; do
-    mode=; [ "$way" == model ] && mode=model
-    t[load2000.$way]=$(measure load 2000 logs2000 $mode)
-    t[load20000.$way]=$(measure load 20000 logs20000 $mode)
-    t[open1.$way]=$(measure open 1 report $mode)
-    t[open10.$way]=$(measure open 10 report $mode)
-done
+list=$(measure list 2000 20000)
+load_model=$(measure load 2000 20000 model)
+load_screen=$(measure load 2000 20000)
+open_model=$(measure open 1 10 model)
+open_screen=$(measure open 1 10)
 
 {
-    echo "## The log browser (seconds: median of $runs, fastest in brackets; ratios of the fastest)"
+    echo "## The log browser (seconds: median of $runs, fastest in brackets)"
+    echo
+    echo "The ratios are the median over $runs pairs of runs, the larger case timed right after the smaller."
     echo
     echo "| | the program's work | on the screen | listing the folder alone |"
     echo "|---|---|---|---|"
-    echo "| Load Logs, 2,000 reports | $(shown "${t[load2000.model]}") | $(shown "${t[load2000.screen]}") | $(shown "${t[list2000]}") |"
-    echo "| Load Logs, 20,000 reports | $(shown "${t[load20000.model]}") | $(shown "${t[load20000.screen]}") | $(shown "${t[list20000]}") |"
-    echo "| 20,000 / 2,000 (at most 12) | $(ratio "${t[load2000.model]}" "${t[load20000.model]}") | $(ratio "${t[load2000.screen]}" "${t[load20000.screen]}") | $(ratio "${t[list2000]}" "${t[list20000]}") |"
-    echo "| View Log, 1 MiB | $(shown "${t[open1.model]}") | $(shown "${t[open1.screen]}") | |"
-    echo "| View Log, 10 MiB | $(shown "${t[open10.model]}") | $(shown "${t[open10.screen]}") | |"
-    echo "| 10 MiB / 1 MiB (at most 12) | $(ratio "${t[open1.model]}" "${t[open10.model]}") | $(ratio "${t[open1.screen]}" "${t[open10.screen]}") | |"
+    echo "| Load Logs, 2,000 reports | $(cell "$load_model" 1) | $(cell "$load_screen" 1) | $(cell "$list" 1) |"
+    echo "| Load Logs, 20,000 reports | $(cell "$load_model" 2) | $(cell "$load_screen" 2) | $(cell "$list" 2) |"
+    echo "| 20,000 / 2,000 (at most 12) | $(ratio "$load_model") | $(ratio "$load_screen") | $(ratio "$list") |"
+    echo "| View Log, 1 MiB | $(cell "$open_model" 1) | $(cell "$open_screen" 1) | |"
+    echo "| View Log, 10 MiB | $(cell "$open_model" 2) | $(cell "$open_screen" 2) | |"
+    echo "| 10 MiB / 1 MiB (at most 12) | $(ratio "$open_model") | $(ratio "$open_screen") | |"
 } >"$results"
 cat "$results"

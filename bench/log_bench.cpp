@@ -1,20 +1,25 @@
-// Times the log browser as the program runs it: the main window on the screen,
-// its Options page and report page over the Win32 platform. Prints the median
-// time of the repetitions.
+// Times the log browser as the program runs it: the main window, its Options
+// page and report page over the Win32 platform, with the real files and
+// message pumps. A smaller and a larger case are timed in turns, so that the
+// machine's other work weighs on both alike; each pair gives one ratio. Each
+// run starts from an empty tree or report page.
 //
-// A last argument "model" keeps the windows in the control model only: the
-// program's own work, without the system's list and tree controls.
-//
-//   log_bench load <reports> <repetitions> <program\> [model]
-//     Load Logs over a Data\Log\ of that many reports, six a day, at the same
+//   log_bench load <reports> <reports> <repetitions> <folder\> [model]
+//     Load Logs over a Data\Log\ of that many reports, six a day at the same
 //     six clock times every day (the pairs of equal times the tree must keep
-//     apart). The folder is made when it does not hold exactly those reports.
-//   log_bench list <reports> <repetitions> <program\>
-//     Only the listing of that Data\Log\, name by name, as Load Logs walks it:
+//     apart), in <folder>\logs<reports>\; made when it does not hold exactly
+//     those reports.
+//   log_bench list <reports> <reports> <repetitions> <folder\>
+//     Only the listing of those folders, name by name, as Load Logs walks it:
 //     what the system's file calls cost, apart from the tree.
-//   log_bench open <MiB> <repetitions> <program\> [model]
-//     View Log of one report of that size (its heading and paths of about 40
-//     characters), from the click to the filled report page.
+//   log_bench open <MiB> <MiB> <repetitions> <folder\> [model]
+//     View Log of a report of that size (its heading and paths of about 40
+//     characters), from the click to the filled report page; both reports lie
+//     in <folder>\report\.
+//
+// "model" keeps the windows in the control model only: the program's own work,
+// without the system's list and tree controls. Prints the median and fastest
+// time of each case and the median ratio of the pairs.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -31,7 +36,7 @@
 
 namespace {
 
-struct AnsweringBoxes final : tv::MessageBoxes {
+struct FailingBoxes final : tv::MessageBoxes {
     int show(const std::string& prompt, const std::string&, unsigned) override {
         std::fprintf(stderr, "log_bench: unexpected message: %s\n", prompt.c_str());
         std::exit(1);
@@ -57,7 +62,11 @@ std::string reportName(int n) {
     return date + "(" + std::to_string(1 + n % 6 * 2) + "_30_00AM).log";
 }
 
-void makeLogFolder(tv::Files& files, const std::string& folder, int count) {
+void makeLogFolder(tv::Files& files, const std::string& program, int count) {
+    files.makeFolder(program);
+    files.makeFolder(program + "Data");
+    const std::string folder = program + "Data\\Log\\";
+    files.makeFolder(folder);
     std::set<std::string> wanted;
     for (int n = 0; n < count; ++n) wanted.insert(reportName(n));
     std::set<std::string> there;
@@ -82,34 +91,36 @@ std::size_t makeReport(tv::Files& files, const std::string& path, int mebibytes)
 }
 
 int usage() {
-    std::fprintf(stderr, "usage: log_bench load <reports> <repetitions> <program\\> [model]\n"
-                         "       log_bench list <reports> <repetitions> <program\\>\n"
-                         "       log_bench open <MiB> <repetitions> <program\\> [model]\n");
+    std::fprintf(stderr, "usage: log_bench load|list|open <smaller> <larger> <repetitions> <folder\\> [model]\n");
     return 2;
 }
+
+// One case: makes what it needs, then each run gives its time, or a negative
+// one when the result is not what it must be.
+struct Case {
+    std::function<double()> run;
+    std::vector<double> times;
+};
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
-    if (args.size() < 4 || args.size() > 5 || (args[0] != "load" && args[0] != "open" && args[0] != "list"))
-        return usage();
-    const bool modelOnly = args.size() == 5 && args[4] == "model";
-    const int size = std::atoi(args[1].c_str());
-    const int repetitions = std::max(1, std::atoi(args[2].c_str()));
+    if (args.size() < 5 || args.size() > 6) return usage();
+    const std::string what = args[0];
+    if (what != "load" && what != "list" && what != "open") return usage();
+    const int sizes[2] = {std::atoi(args[1].c_str()), std::atoi(args[2].c_str())};
+    const int repetitions = std::max(1, std::atoi(args[3].c_str()));
+    const std::string root = args[4];
+    const bool modelOnly = args.size() == 6 && args[5] == "model";
 
     tv::win32::Win32System system;
-    AnsweringBoxes boxes;
+    FailingBoxes boxes;
     tv::win32::Win32Renderer screen(::GetModuleHandleA(nullptr));
     tv::ui::HeadlessRenderer model;
     tv::ui::Renderer& renderer = modelOnly ? static_cast<tv::ui::Renderer&>(model) : screen;
     tv::AppContext ctx({system.files, system.profiles, system.shell, boxes, system.processes, system.loop, renderer,
                         system.registry, system.clock, system.windows, system.power, system.shortcuts});
-    ctx.appPath = args[3];
-    const std::string folder = ctx.appPath + "Data\\Log\\";
-    system.files.makeFolder(ctx.appPath + "Data");
-    system.files.makeFolder(folder);
-
     tv::ui::MainWindow window;
     renderer.attach(window);
     tv::LogBrowser browser(ctx, window.logBrowser, window.report, window.setFq, [&window] { window.norms2(); });
@@ -117,51 +128,71 @@ int main(int argc, char** argv) {
     window.setFq.setVisible(true);
     window.setVisible(true);
     const tv::ui::Control& tree = window.logBrowser.TreeView2;
+    const auto& entries = window.report.List4.items();
 
-    std::size_t expected = 0;
-    std::string check;
-    if (args[0] == "list") {
-        makeLogFolder(system.files, folder, size);
-        expected = static_cast<std::size_t>(size) + 2;  // "." and ".." as well
-    } else if (args[0] == "load") {
-        makeLogFolder(system.files, folder, size);
-        expected = static_cast<std::size_t>(size + (size + 5) / 6);  // every report and every date
-    } else {
-        makeLogFolder(system.files, folder, 1);
-        expected = makeReport(system.files, folder + reportName(0), size);
+    Case cases[2];
+    const std::string report = root + "report\\";
+    if (what == "open") {
+        makeLogFolder(system.files, report, 2);
+        ctx.appPath = report;
         window.logBrowser.cReports.userClick();
-        window.logBrowser.TreeView2.userSelectNode(1);
     }
-
-    std::vector<double> times;
-    for (int r = 0; r < repetitions; ++r) {
-        system.loop.pump();
-        if (args[0] == "list") {
-            std::size_t names = 0;
-            times.push_back(timed([&] {
-                for (std::string name = system.files.firstName(folder); !name.empty(); name = system.files.nextName())
-                    ++names;
-            }));
-            if (names != expected) {
-                std::fprintf(stderr, "log_bench: %zu names, not %zu\n", names, expected);
-                return 1;
-            }
-        } else if (args[0] == "load") {
-            times.push_back(timed([&] { window.logBrowser.cReports.userClick(); }));
-            if (tree.nodes().size() != expected) {
-                std::fprintf(stderr, "log_bench: %zu nodes, not %zu\n", tree.nodes().size(), expected);
-                return 1;
-            }
+    for (int i = 0; i < 2; ++i) {
+        const int size = sizes[i];
+        if (what == "open") {
+            const std::size_t fields = makeReport(system.files, report + "Data\\Log\\" + reportName(i), size);
+            const std::string time = std::to_string(1 + i * 2) + ":30:00 AM";  // as the tree shows reportName(i)
+            cases[i].run = [&, time, fields] {
+                window.report.cX.userClick();
+                window.report.List4.clearItems();  // the other case's report goes before the clock starts
+                for (std::size_t node = 0; node < tree.nodes().size(); ++node)
+                    if (tree.nodes()[node].text == time) window.logBrowser.TreeView2.userSelectNode(node);
+                const double time = timed([&] { window.logBrowser.cViewReport.userClick(); });
+                return entries.size() == fields && window.repF.visible() ? time : -1;
+            };
+            continue;
+        }
+        const std::string program = root + "logs" + std::to_string(size) + "\\";
+        makeLogFolder(system.files, program, size);
+        if (what == "list") {
+            cases[i].run = [&, program, size] {
+                std::size_t names = 0;
+                const double time = timed([&] {
+                    for (std::string name = system.files.firstName(program + "Data\\Log\\"); !name.empty();
+                         name = system.files.nextName())
+                        ++names;
+                });
+                return names == static_cast<std::size_t>(size) + 2 ? time : -1;  // "." and ".." as well
+            };
         } else {
-            window.report.cX.userClick();
-            times.push_back(timed([&] { window.logBrowser.cViewReport.userClick(); }));
-            if (window.report.List4.items().size() != expected || !window.repF.visible()) {
-                std::fprintf(stderr, "log_bench: %zu entries, not %zu\n", window.report.List4.items().size(), expected);
-                return 1;
-            }
+            cases[i].run = [&, program, size] {
+                ctx.appPath = program;
+                window.logBrowser.TreeView2.clearNodes();  // the other case's tree goes before the clock starts
+                const double time = timed([&] { window.logBrowser.cReports.userClick(); });
+                return tree.nodes().size() == static_cast<std::size_t>(size + (size + 5) / 6) ? time : -1;
+            };
         }
     }
-    std::sort(times.begin(), times.end());
-    std::printf("median=%.6f min=%.6f items=%zu\n", times[times.size() / 2], times.front(), expected);
+
+    std::vector<double> ratios;
+    for (int r = 0; r < repetitions; ++r) {
+        for (Case& c : cases) {
+            system.loop.pump();
+            const double time = c.run();
+            if (time < 0) {
+                std::fprintf(stderr, "log_bench: %s did not give what it must\n", what.c_str());
+                return 1;
+            }
+            c.times.push_back(time);
+        }
+        ratios.push_back(cases[1].times.back() / cases[0].times.back());
+    }
+    const auto median = [](std::vector<double> values) {
+        std::sort(values.begin(), values.end());
+        return values[values.size() / 2];
+    };
+    for (const Case& c : cases)
+        std::printf("%.6f %.6f ", median(c.times), *std::min_element(c.times.begin(), c.times.end()));
+    std::printf("ratio=%.2f\n", median(ratios));
     return 0;
 }
