@@ -13,6 +13,7 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 source tools/wine-session.sh
+source bench/bench-session.sh
 
 out=build/bench
 data=$out/data
@@ -24,15 +25,7 @@ pin=(taskset -c 0)
 echo "== building the log browser benchmark"
 { cmake --preset win64 && cmake --build --preset win64 -j "$(nproc)" --target log_bench; } >"$out/log-build.log" 2>&1
 
-start_virtual_display
-wine_session_start "$root/build/wine-bench"
-trap wine_session_stop EXIT
-# No window manager on the virtual screen: windows Wine does not manage are
-# hidden at once instead of after a wait for the manager's answer.
-wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
-wineserver -k
-"${pin[@]}" wineserver -p
-wine cmd /c exit >/dev/null 2>&1 || true  # Wine's services start now, away from any output we read
+bench_session_start "$root"
 
 # One pair of cases, timed in turns: "median fastest median fastest ratio",
 # the ratio being the median over the pairs of the larger against the smaller.

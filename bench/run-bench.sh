@@ -15,6 +15,7 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 source tools/wine-session.sh
+source bench/bench-session.sh
 
 out=build/bench
 data=$out/data
@@ -50,16 +51,7 @@ for count in 2000 5000 10000 20000 100000; do
 done
 cat "$big" "$small"/* >/dev/null  # into the page cache
 
-start_virtual_display
-wine_session_start "$root/build/wine-bench"
-trap wine_session_stop EXIT
-# The virtual screen has no window manager, for which Wine would wait up to two
-# seconds whenever a window is hidden; windows it does not manage are hidden at once.
-wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
-# The Wine server is part of every system call our program makes under Wine; it
-# runs on the same core as everything measured.
-wineserver -k
-"${pin[@]}" wineserver -p
+bench_session_start "$root"
 winpath() { printf 'Z:%s' "${1//\//\\}"; }
 
 # Our time: median seconds of getChecksum over a file or a folder.
