@@ -36,13 +36,13 @@ bool runScanner(AppContext& ctx, const std::string& commandLine) {
 }
 
 ScannerPair scannersFromSettings(const AppContext& ctx) {
+    ScannerPair scanners;
     const auto split = [&ctx](const char* request, std::string& exe, std::string& args) {
         const std::string value = getSetting(ctx, request).value_or("");
         const std::size_t bar = inStr(1, value, "|");
-        exe = bar == 0 ? value : leftText(value, bar - 1);
-        args = bar == 0 ? std::string() : trimBlanks(midText(value, bar + 1));
+        if (bar > 0) exe = leftText(value, bar - 1);
+        args = trimBlanks(midText(value, bar + 1));
     };
-    ScannerPair scanners;
     split("ANTIVIRUS", scanners.exe1, scanners.args1);
     split("AV2", scanners.exe2, scanners.args2);
     return scanners;
@@ -54,6 +54,7 @@ void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const std::s
 }
 
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch) {
+    if (trimBlanks(scanners.exe1).empty()) return false;
     if (!runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + batch)) return false;
     if (trimBlanks(scanners.exe2).empty()) return true;
     return runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + batch);

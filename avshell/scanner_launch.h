@@ -32,9 +32,9 @@ struct ScannerPair {
     std::string exe1, args1, exe2, args2;
 };
 
-// The two scanners as the settings name them, read now: "<exe>|<args>", the
-// exe the text in front of the first "|" (all of it when there is none), the
-// arguments the text behind it, trimmed.
+// The two scanners of the settings file (antivirus, av2), each "<exe>|<args>":
+// the exe as it stands in front of the first "|", the arguments behind it
+// trimmed. A setting without "|" (or a missing settings file) names no exe.
 ScannerPair scannersFromSettings(const AppContext& ctx);
 
 // Hands one list to each scanner in turn, whether or not the other started
@@ -43,7 +43,8 @@ ScannerPair scannersFromSettings(const AppContext& ctx);
 void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const std::string& list);
 
 // Hands one batch to the first scanner and then to the second. False at the
-// first scanner that could not be started.
+// first scanner that could not be started. A first scanner without an exe
+// cannot be started: its command line would begin with the first file.
 bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch);
 
 // The batching walk over a list from index `first` to `last`: every turn counts,
@@ -68,7 +69,7 @@ std::string singleFileItem(const AppContext& ctx, const std::string& name);
 std::string scannerTestCommand(const AppContext& ctx, const std::string& exeField);
 
 // What the user is told when a scanner could not be started: the message names
-// the program path given.
+// the program path given (for a batch, the first scanner's, whichever failed).
 std::string scannerFailureMessage(const std::string& exe);
 
 // "Test It!": a scanner that has not been saved yet is started on the settings

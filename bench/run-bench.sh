@@ -10,18 +10,20 @@
 # 5,000, 10,000 and 100,000 files runs on its window, shown and hidden, and the
 # first scan of custom folders of 2,000 and 20,000 new files runs up to their
 # saved baselines. Then the registry pass over 200 and 2,000 Run values,
-# recording and comparing. Last, a log-on run with the automatic action over
+# recording and comparing, and a log-on run with the automatic action over
 # data files no healthy program writes (20 MiB of random bytes, one 20 MiB line
 # of "=", 200,000 entries in one section), with its time and peak working set.
-# Every command runs on core 0. Results: build/bench/results.md.
+# Last, bench/log-bench.sh times the log browser. Every command runs on core 0.
+# Results: build/bench/results.md.
 #
-#   bench/run-bench.sh            everything (about fifteen minutes)
+#   bench/run-bench.sh            everything (about twenty minutes)
 #   bench/run-bench.sh regwatch   only the registry pass (a minute): build/bench/regwatch.md
 set -euo pipefail
 part=${1:-all}
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
 source tools/wine-session.sh
+source bench/bench-session.sh
 
 out=build/bench
 data=$out/data
@@ -64,17 +66,7 @@ hostile=$data/hostile
 cat "$big" "$small"/* "$hostile"/*.dat >/dev/null  # into the page cache
 fi
 
-start_virtual_display
-wine_session_start "$root/build/wine-bench"
-trap wine_session_stop EXIT
-# The virtual screen has no window manager, for which Wine would wait up to two
-# seconds whenever a window is hidden; windows it does not manage are hidden at once.
-wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
-# The Wine server is part of every system call our program makes under Wine; it
-# runs on the same core as everything measured.
-wineserver -k
-"${pin[@]}" wineserver -p
-wine cmd /c exit >/dev/null 2>&1 || true  # Wine's services, started now, hold no output pipe
+bench_session_start "$root"
 winpath() { printf 'Z:%s' "${1//\//\\}"; }
 
 # Our time: median seconds of getChecksum over a file or a folder.
@@ -281,3 +273,9 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo "- the same 2,000 files, clean run over their own baseline, hidden window: ${hostiles[reference]} s"
 } >"$results"
 cat "$results"
+
+echo "== the log browser"
+wine_session_stop
+trap - EXIT
+bench/log-bench.sh >/dev/null
+{ echo; cat "$out/log-results.md"; } | tee -a "$results"

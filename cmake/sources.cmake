@@ -1,5 +1,6 @@
 # Sources of the platform-free program, by layer.
 set(TARVELON_CORE_SOURCES
+  appwatch/appwatch_actions.cpp
   appwatch/appwatch_page.cpp
   avshell/known_scanners.cpp
   avshell/scanner_catalogue.cpp
@@ -45,7 +46,10 @@ set(TARVELON_CORE_SOURCES
   integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
+  logging/log_browser.cpp
   logging/log_browser_page.cpp
+  logging/log_names.cpp
+  logging/report_fields.cpp
   logging/write_log.cpp
   regwatch/file_path_cut.cpp
   regwatch/pending_boot.cpp

@@ -1,21 +1,14 @@
 #include "logging/write_log.h"
 
 #include "core/text.h"
+#include "logging/log_names.h"
 #include "platform/controls.h"
 
 namespace tv {
 namespace {
 
 // Every "/" made "-", and each part but the last padded to two digits.
-std::string dateText(const std::string& regional) {
-    const auto parts = splitText(replaceText(regional, "/", "-"), "-");
-    std::string text;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const bool pad = i + 1 < parts.size() && parts[i].size() == 1;
-        text += (i > 0 ? "-" : "") + (pad ? "0" + parts[i] : parts[i]);
-    }
-    return text;
-}
+std::string dateText(const std::string& regional) { return paddedDate(replaceText(regional, "/", "-")); }
 
 std::string timeText(const std::string& regional) {
     return replaceText(replaceText(regional, ":", "_"), " ", "");

@@ -18,7 +18,10 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
 
-    // Lets every pending window message run once, then returns.
+    // Lets every pending window message run once, then returns. Called again
+    // within the same tick of the system clock (10-16 ms), it may return at
+    // once: a loop that pumps after every small step lets messages run at most
+    // that much later.
     virtual void pump() = 0;
 
     // The system's queue status word for the message kinds in `flags`: the kinds

@@ -33,7 +33,8 @@ public:
     virtual NativeWindow find(const std::optional<std::string>& className, const std::string& title) const = 0;
     // Raises the window to the top of the stacking order.
     virtual void bringToTop(NativeWindow window) = 0;
-    // Asks the window to close (WM_CLOSE) and waits for its answer.
+    // Asks the window to close (WM_CLOSE) and waits for its answer, for a
+    // limited time: a window whose program has hung holds nobody for good.
     virtual void askToClose(NativeWindow window) = 0;
 };
 

@@ -30,6 +30,8 @@
 //                                            on the control; a <name> of "-" stands for the window itself
 //   tarvauto type <title> <name> <text>      replace the text of a text box, as typing does
 //   tarvauto mouse <title> <name> move|down|up  the mouse moving, or its left button, over the control
+//   tarvauto show-window <title> [hidden]    a window of its own (class TarvautoWindow) with that title, shown
+//                                            or hidden; exits with 0 once it is asked to close, with 1 at the deadline
 //
 //   tarvauto link <file>                     the target and the arguments of a shortcut file, one per line,
 //                                            as the system's shell-link object reads them
@@ -339,6 +341,34 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
     return 0;
 }
 
+// A window that closes when asked (WM_CLOSE), as an ordinary program's does,
+// and gives up by itself at the deadline.
+int showWindow(const std::string& title, bool hidden) {
+    constexpr UINT_PTR kDeadline = 1;
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = [](HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_TIMER && wParam == kDeadline) {
+            ::SetPropA(hwnd, "expired", reinterpret_cast<HANDLE>(1));
+            ::DestroyWindow(hwnd);
+            return 0;
+        }
+        if (message == WM_DESTROY) ::PostQuitMessage(::GetPropA(hwnd, "expired") ? 1 : 0);
+        return ::DefWindowProcA(hwnd, message, wParam, lParam);
+    };
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = "TarvautoWindow";
+    ::RegisterClassA(&windowClass);
+    HWND window = ::CreateWindowExA(0, windowClass.lpszClassName, title.c_str(),
+                                    WS_OVERLAPPEDWINDOW | (hidden ? 0 : WS_VISIBLE), 700, 40, 240, 120, nullptr,
+                                    nullptr, windowClass.hInstance, nullptr);
+    if (!window) return fail();
+    ::SetTimer(window, kDeadline, g_timeoutMs, nullptr);
+    MSG message;
+    while (::GetMessageA(&message, nullptr, 0, 0) > 0) ::DispatchMessageA(&message);
+    return static_cast<int>(message.wParam);
+}
+
 int start(const std::string& commandLine) {
     std::vector<char> line(commandLine.begin(), commandLine.end());
     line.push_back('\0');
@@ -426,6 +456,7 @@ int run(int argc, char** argv) {
         return 0;
     }
     if (command == "wait-window") return waitTopLevel(arg(1)) ? 0 : fail();
+    if (command == "show-window") return showWindow(arg(1), arg(2) == "hidden");
     if (command == "wait-no-window") {
         const std::string title = arg(1);
         HWND none = waitFor([&]() -> HWND {

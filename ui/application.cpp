@@ -3,6 +3,7 @@
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
+#include "appwatch/appwatch_actions.h"
 #include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
 #include "custom/custom_folder_form.h"
@@ -20,6 +21,7 @@
 #include "regwatch/regwatch_actions.h"
 #include "shutdown/secure_shut_down.h"
 #include "ui/advanced_actions.h"
+#include "logging/log_browser.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -51,6 +53,9 @@ Application::Application(PlatformSet os) : ctx_(os), mForm1_(std::make_unique<Ma
     mForm1_->folderScan.addRem.onClick = [this] { customFolderManager().show(); };
     regPass_ = std::make_unique<RegistryPass>(ctx_, mForm1_->regWatch);
     regActions_ = std::make_unique<RegWatchActions>(ctx_, mForm1_->regWatch, *regPass_);
+    appWatch_ = std::make_unique<AppWatchActions>(ctx_, mForm1_->appWatch);
+    logBrowser_ = std::make_unique<LogBrowser>(ctx_, mForm1_->logBrowser, mForm1_->report, mForm1_->setFq,
+                                               [this] { mForm1_->norms2(); });
     ctx_.autoLogging = &mForm1_->settings.Check7;
     ctx_.scannerFocus = &mForm1_->advanced.avfocus;
 }

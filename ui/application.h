@@ -10,12 +10,14 @@
 #include "shutdown/shutdown_sequence.h"
 
 namespace tv {
+class AppWatchActions;
 class ScanDriver;
 class FindingsAction;
 class FolderScanActions;
 class RegistryPass;
 class RegWatchActions;
 class SecureShutDown;
+class LogBrowser;
 }
 
 namespace tv::ui {
@@ -107,6 +109,8 @@ private:
     std::unique_ptr<FolderScanActions> folderScan_;
     std::unique_ptr<RegistryPass> regPass_;
     std::unique_ptr<RegWatchActions> regActions_;
+    std::unique_ptr<AppWatchActions> appWatch_;
+    std::unique_ptr<LogBrowser> logBrowser_;
     std::unique_ptr<ScannerChoiceForm> sAvir_;
     std::unique_ptr<ScannerChoice> scannerChoice_;
     std::unique_ptr<ScannerCatalogueForm> aVirHelp_;

@@ -51,6 +51,7 @@ void MainActions::showOptions() {
     window_.norms2();
     reloadSettings_();
     window_.setFq.setVisible(true);
+    window_.logBrowser.cViewReport.setEnabled(false);  // until a report's time is chosen in the tree
 }
 
 void MainActions::showAbout() {

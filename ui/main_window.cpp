@@ -39,8 +39,6 @@ MainWindow::MainWindow()
       settings(*this, qSett),
       advanced(*this, advF),
       about(*this, Frame2) {
-    // Its screen is still to come.
-    logBrowser.cReports.setEnabled(false);
     // The About page is what the window opens on; the settings page waits,
     // visible, inside its hidden holder.
     norms2();

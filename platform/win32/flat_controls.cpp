@@ -1,19 +1,28 @@
 #include "platform/win32/flat_controls.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace tv::win32 {
 namespace {
 
-constexpr const char* kControlProperty = "TarvelonControl";
-constexpr const char* kFormProperty = "TarvelonForm";
-constexpr const char* kOldProcProperty = "TarvelonOldProc";
 constexpr COLORREF kFace = RGB(126, 150, 186);     // mid steel blue: black and white captions both read
 constexpr COLORREF kFaceEdge = RGB(84, 104, 138);
 constexpr int kBoxSize = 13;
 
-ui::Control* controlOf(HWND window) { return static_cast<ui::Control*>(::GetPropA(window, kControlProperty)); }
-ui::Form* formOf(HWND window) { return static_cast<ui::Form*>(::GetPropA(window, kFormProperty)); }
+// What a control window reports to, and the window procedure it had before.
+// Kept in the process rather than in window properties: under Wine every
+// property look-up is a round trip to the Wine server, and the procedure runs
+// for every message (a list of 250,000 rows gets as many).
+struct Following {
+    ui::Control* control;
+    ui::Form* form;
+    WNDPROC oldProc;
+};
+std::unordered_map<HWND, Following>& followed() {
+    static std::unordered_map<HWND, Following> windows;  // the one thread's
+    return windows;
+}
 
 bool isFlat(ui::Kind kind) {
     return kind == ui::Kind::FlatButton || kind == ui::Kind::Image || kind == ui::Kind::FlatCheck;
@@ -42,30 +51,26 @@ bool followFlat(HWND window, ui::Control& control, UINT message, LPARAM lParam) 
 }
 
 LRESULT CALLBACK followingProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    ui::Control* control = controlOf(window);
-    ui::Form* form = formOf(window);
-    const auto oldProc = reinterpret_cast<WNDPROC>(::GetPropA(window, kOldProcProperty));
-    if (control && form) {
-        if (isFlat(control->kind()) && followFlat(window, *control, message, lParam) && message == WM_SETCURSOR)
-            return TRUE;
-        switch (message) {
-        case WM_MOUSEMOVE: control->userMouseMove(); break;
-        case WM_LBUTTONDOWN: control->userMouseDown(); break;
-        case WM_LBUTTONUP: control->userMouseUp(); break;
-        case WM_KEYDOWN:
-        case WM_SYSKEYDOWN: form->userKeyDown(static_cast<int>(wParam)); break;
-        case WM_KEYUP:
-        case WM_SYSKEYUP: form->userKeyUp(static_cast<int>(wParam)); break;
-        case WM_NCDESTROY:
-            ::RemovePropA(window, kControlProperty);
-            ::RemovePropA(window, kFormProperty);
-            ::RemovePropA(window, kOldProcProperty);
-            ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(oldProc));
-            break;
-        default: break;
-        }
+    const auto found = followed().find(window);
+    if (found == followed().end()) return ::DefWindowProcA(window, message, wParam, lParam);
+    const Following following = found->second;  // the entry goes with the window
+    ui::Control& control = *following.control;
+    if (isFlat(control.kind()) && followFlat(window, control, message, lParam) && message == WM_SETCURSOR) return TRUE;
+    switch (message) {
+    case WM_MOUSEMOVE: control.userMouseMove(); break;
+    case WM_LBUTTONDOWN: control.userMouseDown(); break;
+    case WM_LBUTTONUP: control.userMouseUp(); break;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: following.form->userKeyDown(static_cast<int>(wParam)); break;
+    case WM_KEYUP:
+    case WM_SYSKEYUP: following.form->userKeyUp(static_cast<int>(wParam)); break;
+    case WM_NCDESTROY:
+        followed().erase(window);
+        ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(following.oldProc));
+        break;
+    default: break;
     }
-    return ::CallWindowProcA(oldProc, window, message, wParam, lParam);
+    return ::CallWindowProcA(following.oldProc, window, message, wParam, lParam);
 }
 
 // Captions are drawn as the system's labels draw them: "&&" shows as one "&"
@@ -117,10 +122,10 @@ void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const
 }
 
 void followInput(HWND window, ui::Control& control, ui::Form& form) {
-    ::SetPropA(window, kControlProperty, &control);
-    ::SetPropA(window, kFormProperty, &form);
-    const LONG_PTR oldProc = ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(followingProc));
-    ::SetPropA(window, kOldProcProperty, reinterpret_cast<HANDLE>(oldProc));
+    // Entered before the procedure changes, so that no message finds it missing.
+    auto& entry = followed()[window];
+    entry = {&control, &form, reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(window, GWLP_WNDPROC))};
+    ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(followingProc));
 }
 
 }  // namespace tv::win32

@@ -58,6 +58,8 @@ public:
 
 class Win32TopWindows final : public TopWindows {
 public:
+    // `answerMs`: how long a window may take to answer the close request.
+    explicit Win32TopWindows(unsigned answerMs = 10000);
     NativeWindow desktop() const override;
     NativeWindow relative(NativeWindow window, int relation) const override;
     std::string titleBuffer(NativeWindow window, std::size_t charCount) const override;
@@ -66,6 +68,9 @@ public:
     NativeWindow find(const std::optional<std::string>& className, const std::string& title) const override;
     void bringToTop(NativeWindow window) override;
     void askToClose(NativeWindow window) override;
+
+private:
+    unsigned answerMs_;
 };
 
 class Win32Power final : public Power {
@@ -105,10 +110,16 @@ public:
     void quit(int exitCode) override;
 
 private:
+    void pumpNow();
+    long long now();  // the performance counter
+
+
     bool quitting_ = false;
     int exitCode_ = 0;
     long long lastAsked_ = 0;       // performance counter at the last status question
     long long oneMillisecond_ = 0;  // counter ticks per millisecond
+    bool pumped_ = false;
+    DWORD lastPumpTick_ = 0;  // the system's tick count at the end of the last pump
 };
 
 }  // namespace tv::win32

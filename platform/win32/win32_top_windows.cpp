@@ -6,10 +6,9 @@ namespace {
 HWND handleOf(NativeWindow window) { return reinterpret_cast<HWND>(window); }
 NativeWindow numberOf(HWND window) { return reinterpret_cast<NativeWindow>(window); }
 
-// How long a window may take to answer before it counts as hung.
-constexpr UINT kAnswerMs = 10000;
-
 }  // namespace
+
+Win32TopWindows::Win32TopWindows(unsigned answerMs) : answerMs_(answerMs) {}
 
 NativeWindow Win32TopWindows::desktop() const { return numberOf(::GetDesktopWindow()); }
 
@@ -18,7 +17,7 @@ NativeWindow Win32TopWindows::relative(NativeWindow window, int relation) const 
 }
 
 std::string Win32TopWindows::titleBuffer(NativeWindow window, std::size_t charCount) const {
-    std::string buffer(charCount, ' ');
+    std::string buffer(charCount, '\0');
     ::GetWindowTextA(handleOf(window), buffer.data(), static_cast<int>(charCount));
     return buffer;
 }
@@ -39,13 +38,16 @@ NativeWindow Win32TopWindows::find(const std::optional<std::string>& className, 
     return numberOf(::FindWindowA(className ? className->c_str() : nullptr, title.c_str()));
 }
 
-void Win32TopWindows::bringToTop(NativeWindow window) { ::BringWindowToTop(handleOf(window)); }
+void Win32TopWindows::bringToTop(NativeWindow window) {
+    if (window) ::BringWindowToTop(handleOf(window));
+}
 
 // A window that does not answer at all would hold the program's one thread for
-// good; the system gives up on a hung one, and on any after ten seconds.
+// good; the system gives up on a hung one at once, and on any other after the
+// answer time.
 void Win32TopWindows::askToClose(NativeWindow window) {
     DWORD_PTR ignored = 0;
-    ::SendMessageTimeoutA(handleOf(window), WM_CLOSE, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, &ignored);
+    if (window) ::SendMessageTimeoutA(handleOf(window), WM_CLOSE, 0, 0, SMTO_ABORTIFHUNG, answerMs_, &ignored);
 }
 
 }  // namespace tv::win32

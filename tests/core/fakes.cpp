@@ -10,6 +10,14 @@
 namespace tv::test {
 namespace {
 
+// What the system leaves in a zeroed buffer: the text, cut to leave room for
+// its terminating zero.
+std::string zeroFilled(const std::string& text, std::size_t charCount) {
+    std::string buffer(charCount, '\0');
+    if (charCount > 0) buffer.replace(0, std::min(text.size(), charCount - 1), text.substr(0, charCount - 1));
+    return buffer;
+}
+
 std::string key(const std::string& path) {
     std::string k = upperCase(path);
     while (!k.empty() && k.back() == '\\') k.pop_back();
@@ -184,6 +192,45 @@ std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, c
     fileChoices.pop_front();
     buffer.resize(std::max(buffer.size(), bufferChars), '\0');
     return buffer;
+}
+
+const ScriptedTopWindows::Window* ScriptedTopWindows::at(NativeWindow window) const {
+    for (const Window& w : windows)
+        if (w.handle == window && window != 0) return &w;
+    return nullptr;
+}
+
+NativeWindow ScriptedTopWindows::relative(NativeWindow window, int relation) const {
+    if (relation == 5) return window == kDesktop && !windows.empty() ? windows.front().handle : 0;
+    for (std::size_t i = 0; i + 1 < windows.size(); ++i)
+        if (relation == 2 && windows[i].handle == window) return windows[i + 1].handle;
+    return 0;
+}
+
+std::string ScriptedTopWindows::titleBuffer(NativeWindow window, std::size_t charCount) const {
+    const Window* w = at(window);
+    return zeroFilled(w ? w->title : std::string(), charCount);
+}
+
+std::string ScriptedTopWindows::classBuffer(NativeWindow window, std::size_t charCount) const {
+    const Window* w = at(window);
+    return zeroFilled(w ? w->className : std::string(), charCount);
+}
+
+std::uint32_t ScriptedTopWindows::processId(NativeWindow window) const {
+    const Window* w = at(window);
+    return w ? w->process : 0;
+}
+
+NativeWindow ScriptedTopWindows::find(const std::optional<std::string>& className, const std::string& title) const {
+    for (const Window& w : windows)
+        if (sameText(w.title, title) && (!className || sameText(w.className, *className))) return w.handle;
+    return 0;
+}
+
+void ScriptedTopWindows::askToClose(NativeWindow window) {
+    calls.push_back("close " + std::to_string(window));
+    std::erase_if(windows, [window](const Window& w) { return w.handle == window && w.closes; });
 }
 
 int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {

@@ -215,6 +215,36 @@ public:
     void askToClose(NativeWindow) override {}
 };
 
+// A desktop of scripted top-level windows, in stacking order. Titles and
+// classes are found as the system finds them, without regard to case; the
+// first window that matches wins. Raising and closing are recorded; a window
+// that answers the close request leaves the desktop.
+class ScriptedTopWindows final : public TopWindows {
+public:
+    struct Window {
+        NativeWindow handle;
+        std::string title;
+        std::string className;
+        std::uint32_t process;
+        bool closes = true;  // answers the close request by closing
+    };
+    static constexpr NativeWindow kDesktop = 1;
+    std::vector<Window> windows;
+    std::vector<std::string> calls;  // "top <handle>", "close <handle>"
+
+    NativeWindow desktop() const override { return kDesktop; }
+    NativeWindow relative(NativeWindow window, int relation) const override;
+    std::string titleBuffer(NativeWindow window, std::size_t charCount) const override;
+    std::string classBuffer(NativeWindow window, std::size_t charCount) const override;
+    std::uint32_t processId(NativeWindow window) const override;
+    NativeWindow find(const std::optional<std::string>& className, const std::string& title) const override;
+    void bringToTop(NativeWindow window) override { calls.push_back("top " + std::to_string(window)); }
+    void askToClose(NativeWindow window) override;
+
+private:
+    const Window* at(NativeWindow window) const;
+};
+
 // Power actions are recorded, never carried out: a test never switches a machine off.
 class RecordingPower final : public Power {
 public:
@@ -264,7 +294,7 @@ struct FakePlatform {
     ui::HeadlessRenderer renderer;
     NoRegistry registry;
     FixedClock clock;
-    NoTopWindows windows;
+    ScriptedTopWindows windows;
     RecordingPower power;
     RecordingShortcuts shortcuts;
     PlatformSet set() {

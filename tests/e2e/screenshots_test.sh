@@ -39,16 +39,46 @@ PY
     printf '[2]\r\npath=C:\\windows\\\r\nargs=0,0,0,0,0,0,0\r\nargs2=1,1,1,1,1,1,1\r\n\r\n'
     for n in $(seq 3 20); do printf '[%d]\r\npath=NULL\r\nargs=0,0,0,0,0,0,0\r\nargs2=0,0,0,0,0,0,0\r\n\r\n' "$n"; done
 } >"$app/Data/Tarvelon.dat"
+# Three reports on two dates.
+mkdir -p "$app/Data/Log"
+heading="Integrity Checker - These files were either New or Failed the Integrity Check"
+printf '%s,%s\r\n' "$heading" 'C:\windows\system32\msacm32.dll,C:\windows\system32\oleaut32.dll,C:\Program,Files\Tools\tidy.exe' \
+    >"$app/Data/Log/03-05-2006(7_30_00AM).log"
+printf '%s,%s\r\n' "$heading" 'C:\windows\system32\d.dll' >"$app/Data/Log/03-06-2006(7_30_00AM).log"
+printf '%s\r\n' 'Registry Action - Scan and Update Multiple Entries,C:\x.exe' >"$app/Data/Log/03-06-2006(5_12_40PM).log"
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
 shoot "$main" main-about
 auto click "$main" Image11 >/dev/null
+auto click "$main" cReports >/dev/null
+deadline=$((SECONDS + 20))
+until [ "$(auto tree "$main" TreeView2 | wc -l)" == 5 ]; do
+    [ $SECONDS -lt $deadline ] || fail "the reports' tree was not filled"
+    sleep 0.2
+done
+auto tree-select "$main" TreeView2 '03-05-2006\7:30:00 AM' >/dev/null
 shoot "$main" main-options
 auto click "$main" cSettings >/dev/null
 shoot "$main" main-settings
 auto click "$main" cCancelSett >/dev/null
 auto click "$main" cButton2 >/dev/null
 shoot "$main" main-advanced  # before Compare Speeds, whose times differ from run to run
+auto click "$main" cViewReport >/dev/null
+until [ "$(auto shown "$main" repF)" == 1 ]; do
+    [ $SECONDS -lt $deadline ] || fail "the report did not open"
+    sleep 0.2
+done
+shoot "$main" main-report
+auto click "$main" Image9 >/dev/null
+auto click "$main" ref >/dev/null
+until [[ $(auto caption "$main" lblCount) == *" open Windows." ]]; do
+    [ $SECONDS -lt $deadline ] || fail "AppWatch did not list the windows"
+    sleep 0.2
+done
+row=$(auto items "$main" lstOpenWindows | tr -d '\r' | grep -n ": $main\$" | head -1 | cut -d: -f1)
+auto choose "$main" lstOpenWindows "$((row - 1))" >/dev/null
+auto wait-caption "$main" txtTitle "$main" >/dev/null
+shoot "$main" main-appwatch
 auto click "$main" Image5 >/dev/null
 auto click "$main" bDLL >/dev/null
 shoot "$main" main-integrity-scan
