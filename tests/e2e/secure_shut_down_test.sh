@@ -18,6 +18,10 @@ restore() {
 }
 trap 'restore; cleanup' EXIT
 [ ! -e "$wininit" ] || fail "a wininit.ini is left in the prefix"
+# Renames the prefix itself has queued for its next start (an uninstaller's
+# temporary copy, say) would join the precautionary scan.
+wine reg delete 'HKLM\System\CurrentControlSet\Control\Session Manager' /v PendingFileRenameOperations /f \
+    >/dev/null 2>&1 || true
 
 app=$(new_program_folder)
 mkdir -p "$app/Data" "$WORK/av"
