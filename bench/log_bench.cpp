@@ -30,11 +30,15 @@
 
 #include "logging/log_browser.h"
 #include "logging/log_browser_page.h"
+#include "bench/timing.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_renderer.h"
 #include "ui/main_window.h"
 
 namespace {
+
+using tv::bench::median;
+using tv::bench::timed;
 
 struct FailingBoxes final : tv::MessageBoxes {
     int show(const std::string& prompt, const std::string&, unsigned) override {
@@ -42,15 +46,6 @@ struct FailingBoxes final : tv::MessageBoxes {
         std::exit(1);
     }
 };
-
-double timed(const std::function<void()>& run) {
-    LARGE_INTEGER frequency, start, end;
-    ::QueryPerformanceFrequency(&frequency);
-    ::QueryPerformanceCounter(&start);
-    run();
-    ::QueryPerformanceCounter(&end);
-    return static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 std::string two(int n) { return (n < 10 ? "0" : "") + std::to_string(n); }
 
@@ -187,10 +182,6 @@ int main(int argc, char** argv) {
         }
         ratios.push_back(cases[1].times.back() / cases[0].times.back());
     }
-    const auto median = [](std::vector<double> values) {
-        std::sort(values.begin(), values.end());
-        return values[values.size() / 2];
-    };
     for (const Case& c : cases)
         std::printf("%.6f %.6f ", median(c.times), *std::min_element(c.times.begin(), c.times.end()));
     std::printf("ratio=%.2f\n", median(ratios));

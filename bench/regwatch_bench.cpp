@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/timing.h"
 #include "platform/win32/win32_platform.h"
 #include "platform/win32/win32_renderer.h"
 #include "regwatch/registry_pass.h"
@@ -24,6 +25,9 @@
 #include "ui/main_window.h"
 
 namespace {
+
+using tv::bench::median;
+using tv::bench::timed;
 
 constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 
@@ -64,20 +68,6 @@ bool putValues(int count, bool remove) {
     }
     ::RegCloseKey(key);
     return ok;
-}
-
-double timed(const std::function<void()>& run) {
-    LARGE_INTEGER frequency, start, end;
-    ::QueryPerformanceFrequency(&frequency);
-    ::QueryPerformanceCounter(&start);
-    run();
-    ::QueryPerformanceCounter(&end);
-    return static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 }  // namespace

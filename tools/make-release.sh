@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # make release: builds both program files from the checkout and packs them into
 # build/release/: the 64-bit and 32-bit installers and the portable archive,
-# all named with the CMake project version.
+# all named with the CMake project version, and their SHA-256 checksums.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
@@ -38,4 +38,6 @@ done
 sed -e "s/@VERSION@/$version/g" -e 's/$/\r/' packaging/portable-readme.txt >"$stage/README.txt"
 (cd "$release/portable" && zip -q -r -X "../Tarvelon-$version-portable.zip" "Tarvelon-$version")
 rm -rf "$release/portable"
+# The checksums, for a user to verify a download before running it.
+(cd "$release" && sha256sum -- *.exe *.zip >SHA256SUMS.txt)
 ls -1 "$release"

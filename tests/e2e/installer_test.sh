@@ -89,4 +89,6 @@ for name in ["README.txt", "x64/TarvelonLow.exe", "x64/Help/index.html", "x86/Ta
     if top + name not in names:
         sys.exit(f"missing {name}")
 PY
-echo "release: installer round trip, x86 installer and portable archive as expected"
+(cd "$RELEASE" && sha256sum --quiet -c SHA256SUMS.txt) || fail "the checksums of the release"
+expect_eq "files the checksums cover" "3" "$(wc -l <"$RELEASE/SHA256SUMS.txt")"
+echo "release: installer round trip, x86 installer, portable archive and checksums as expected"
