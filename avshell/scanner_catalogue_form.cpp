@@ -13,6 +13,9 @@ ScannerCatalogueForm::ScannerCatalogueForm()
       Command2(add(Kind::FlatButton, "Command2", {220, 322, 110, 26}, "Test It!")),
       Label3(add(Kind::Label, "Label3", {12, 360, 200, 18}, "Step 3) Click Use it!")),
       Command3(add(Kind::FlatButton, "Command3", {220, 356, 110, 26}, "Use It!")),
-      Command1(add(Kind::FlatButton, "Command1", {12, 394, 270, 26}, "My Anti-Virus Program Isn't Listed!")) {}
+      Command1(add(Kind::FlatButton, "Command1", {12, 394, 270, 26}, "My Anti-Virus Program Isn't Listed!")) {
+    defaultButton = &Command4;  // Enter searches for the chosen product
+    closesOnEscape = true;
+}
 
 }  // namespace tv::ui

@@ -28,6 +28,9 @@ ScannerChoiceForm::ScannerChoiceForm()
       Text2(add(Kind::TextBox, "Text2", arguments(kSecond))),
       cButton1(add(Kind::FlatButton, "cButton1", catalogue(kSecond), "Help me find the correct exe file...")),
       cButton3(add(Kind::FlatButton, "cButton3", {268, 232, 96, 28}, "Save")),
-      cButton2(add(Kind::FlatButton, "cButton2", {372, 232, 96, 28}, "Cancel")) {}
+      cButton2(add(Kind::FlatButton, "cButton2", {372, 232, 96, 28}, "Cancel")) {
+    defaultButton = &cButton3;
+    cancelButton = &cButton2;
+}
 
 }  // namespace tv::ui

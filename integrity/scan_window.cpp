@@ -63,6 +63,7 @@ ScanWindow::ScanWindow()
         fileLabels[pass] = &add(Kind::Label, names.fileLabel, file(pass), "", &Frame1);
         percentLabels[pass] = &add(Kind::Label, names.percentLabel, percent(pass), "", &Frame1);
     }
+    for (Control* action : {&Label2, &Label11, &Label12}) action->setPressable(true);
     Timer1.setValue(1);  // a one-shot: enabled by the plan, disabled by its own tick
     Timer1.setEnabled(false);
     Frame2.setVisible(false);

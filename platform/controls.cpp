@@ -214,6 +214,14 @@ void Control::userMouseUp() {
     if (enabled_ && onMouseUp) onMouseUp();
 }
 
+void Control::userKeyPress() {
+    if (kind_ == Kind::Label) {
+        userMouseDown();
+        userMouseUp();
+    }
+    userClick();
+}
+
 void Control::userTickItem(std::size_t item, bool ticked) {
     if (!enabled_ || item >= items_.size()) return;
     setValue(static_cast<int>(item));

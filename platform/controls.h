@@ -103,6 +103,12 @@ public:
     std::uint32_t backColour() const { return backColour_; }
     void setBackColour(std::uint32_t colour);
 
+    // A label that acts on clicks and is reached with the keyboard as a
+    // button is: Tab stops on it, and Space or Enter press it. Set when its
+    // form is made.
+    bool pressable() const { return pressable_; }
+    void setPressable(bool pressable) { pressable_ = pressable; }
+
     // A label's text centred in its width rather than from its left edge.
     bool centred() const { return centred_; }
     void setCentred(bool centred);
@@ -157,6 +163,10 @@ public:
     void userMouseMove();
     void userMouseDown();
     void userMouseUp();
+    // Space or Enter on the focused control: a button's click, and on a
+    // pressable label the whole of a click, the button going down and up and
+    // then the click, since a label may act on any of the three.
+    void userKeyPress();
 
     // The flat controls' look under the mouse. A flat check's caption turns blue
     // and underlined while the mouse is over it, and black again over its box;
@@ -199,6 +209,7 @@ private:
     std::uint32_t backColour_ = kSystemColour;
     bool underlined_ = false;
     bool centred_ = false;
+    bool pressable_ = false;
     std::string toolTip_;
     std::string picture_;
     std::vector<std::string> items_;

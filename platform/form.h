@@ -62,7 +62,9 @@ public:
 
     // The keyboard's Enter presses the focused button, or else this one.
     Control* defaultButton = nullptr;
-    // Esc acts as the close box.
+    // Esc presses this one, or else, when closesOnEscape is set, acts as the
+    // close box.
+    Control* cancelButton = nullptr;
     bool closesOnEscape = false;
 
     // Set by the renderer that shows this form.

@@ -29,6 +29,11 @@ LogoffDialog::LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<
     form_.Image2.onClick = [this] { choose(form_.Label4.caption() == "Standby" ? kStandby : kHibernate); };
     form_.Image4.onClick = [this] { choose(kTurnOff); };
     form_.Image6.onClick = [this] { choose(kRestart); };
+    // The keyboard reaches the plain pictures, which the mouse never clicks
+    // (the lit ones lie over them under the mouse): they choose the same.
+    form_.Image1.onClick = form_.Image2.onClick;
+    form_.Image3.onClick = form_.Image4.onClick;
+    form_.Image5.onClick = form_.Image6.onClick;
     // "Log Off..." asks for the same action as Hibernate.
     form_.Label2.onClick = [this] { choose(kHibernate); };
     form_.Label1.onClick = [this] { endProgram_(); };

@@ -41,6 +41,9 @@ LogoffForm::LogoffForm()
       Label1(add(Kind::Label, "Label1", {288, 166, 60, 18}, "Cancel")) {
     Timer1.setValue(1000);
     Timer1.setEnabled(false);
+    Label1.setPressable(true);
+    Label2.setPressable(true);
+    cancelButton = &Label1;
 }
 
 }  // namespace tv::ui

@@ -9,6 +9,7 @@ ShutdownProgressForm::ShutdownProgressForm()
       Label2(add(Kind::Label, "Label2", {12, 64, 396, 34}, "Status: ")),
       Command1(add(Kind::FlatButton, "Command1", {140, 102, 140, 28}, "ShutDown Now")) {
     Command1.setVisible(false);
+    closesOnEscape = true;  // Esc asks, as the close box does, whether to cancel
 }
 
 }  // namespace tv::ui

@@ -18,6 +18,7 @@
 //   tarvauto restore <title>                 bring a minimised window back to its normal size
 //   tarvauto move <title> <x> <y>            put the window's top left corner there on the screen
 //   tarvauto close <title>                   press the window's close box
+//   tarvauto tab-order <title>               the names of the controls the Tab key walks, in its order
 //   tarvauto choose <title> <name> <index>   choose an item of a list or drop-down list, as a click does
 //   tarvauto tick <title> <name> <index>     flip the box of a check list's item
 //   tarvauto browse <prompt> <folder>        answer the folder dialog showing <prompt> with <folder>
@@ -493,6 +494,18 @@ int run(int argc, char** argv) {
         HWND control = waitChild(arg(1), [&](HWND h) { return controlName(h) == name && controlText(h) == text; },
                                  "control " + name + " reading \"" + text + "\"");
         return control ? 0 : fail();
+    }
+    if (command == "tab-order") {
+        HWND window = waitTopLevel(arg(1));
+        if (!window) return fail();
+        HWND first = ::GetNextDlgTabItem(window, nullptr, FALSE);
+        int count = 0;
+        for (HWND at = first; at && count < 500; ++count) {
+            std::printf("%s\n", controlName(at).c_str());
+            at = ::GetNextDlgTabItem(window, at, FALSE);
+            if (at == first) break;
+        }
+        return 0;
     }
     if (command == "close") {
         HWND window = waitTopLevel(arg(1));

@@ -33,6 +33,9 @@ SetupWizardForm::SetupWizardForm()
       Label3(add(Kind::Label, "Label3", {220, 370, 60, 18}, "Cancel")),
       Label1(add(Kind::Label, "Label1", {404, 370, 80, 18}, "Next >>>")) {
     Label3.setCentred(true);
+    for (Control* label : {&Label1, &Label2, &Label3}) label->setPressable(true);
+    defaultButton = &Label1;
+    cancelButton = &Label3;
 }
 
 std::array<Control*, 8> SetupWizardForm::settingsBoxes() const {

@@ -60,10 +60,18 @@ LRESULT CALLBACK followingProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_MOUSEMOVE: control.userMouseMove(); break;
     case WM_LBUTTONDOWN: control.userMouseDown(); break;
     case WM_LBUTTONUP: control.userMouseUp(); break;
+    // The space bar presses a pressable label as the mouse does; its button
+    // reports the click, as it does for the mouse and for a screen reader.
     case WM_KEYDOWN:
-    case WM_SYSKEYDOWN: following.form->userKeyDown(static_cast<int>(wParam)); break;
+    case WM_SYSKEYDOWN:
+        if (control.pressable() && wParam == VK_SPACE) control.userMouseDown();
+        following.form->userKeyDown(static_cast<int>(wParam));
+        break;
     case WM_KEYUP:
-    case WM_SYSKEYUP: following.form->userKeyUp(static_cast<int>(wParam)); break;
+    case WM_SYSKEYUP:
+        if (control.pressable() && wParam == VK_SPACE) control.userMouseUp();
+        following.form->userKeyUp(static_cast<int>(wParam));
+        break;
     case WM_NCDESTROY:
         followed().erase(window);
         ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(following.oldProc));
@@ -117,6 +125,27 @@ void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const
     ::SelectObject(item.hDC, old);
     if ((item.itemState & ODS_FOCUS) && !control.caption().empty()) {
         RECT focus{text.left - 1, text.top + 1, std::min(measured.right + 1, text.right), text.bottom - 1};
+        ::DrawFocusRect(item.hDC, &focus);
+    }
+}
+
+void drawPressableLabel(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts,
+                        ColourBrushes& brushes) {
+    RECT area = item.rcItem;
+    const std::uint32_t back = control.backColour();
+    ::FillRect(item.hDC, &area, back == ui::kSystemColour ? ::GetSysColorBrush(COLOR_BTNFACE) : brushes.brush(back));
+    HGDIOBJ old = ::SelectObject(item.hDC, control.underlined() ? fonts.underlined : fonts.plain);
+    const COLORREF colour = control.enabled() ? control.foreColour() : ::GetSysColor(COLOR_GRAYTEXT);
+    const UINT align = control.centred() ? DT_CENTER : DT_LEFT;
+    RECT measured = area;
+    ::DrawTextA(item.hDC, control.caption().c_str(), -1, &measured, DT_CALCRECT | DT_WORDBREAK | align);
+    drawCaption(item.hDC, control.caption(), area, colour, DT_WORDBREAK | align);
+    ::SelectObject(item.hDC, old);
+    if (item.itemState & ODS_FOCUS) {
+        const LONG width = measured.right - measured.left;
+        const LONG left = control.centred() ? area.left + (area.right - area.left - width) / 2 : area.left;
+        RECT focus{left - 1, area.top, std::min<LONG>(left + width + 1, area.right),
+                   std::min<LONG>(measured.bottom + 1, area.bottom)};
         ::DrawFocusRect(item.hDC, &focus);
     }
 }

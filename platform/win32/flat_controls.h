@@ -19,6 +19,10 @@ struct CaptionFonts {
 
 void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
 void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts);
+// A pressable label: its text as a label shows it, in its colours and font,
+// with the focus drawn around it.
+void drawPressableLabel(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts,
+                        ColourBrushes& brushes);
 
 // Hooks the control's window: the mouse moving, leaving, going down and up
 // are told to `control` (userMouseMove, userMouseDown, userMouseUp, and on

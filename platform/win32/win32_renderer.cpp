@@ -78,6 +78,10 @@ CaptionFonts dialogFonts() {
 }
 
 bool isFlat(Kind kind) { return kind == Kind::FlatButton || kind == Kind::Image || kind == Kind::FlatCheck; }
+// What Enter presses when it has the focus.
+bool actsAsButton(const Control& control) {
+    return control.kind() == Kind::FlatButton || control.kind() == Kind::Image || control.pressable();
+}
 bool isList(Kind kind) { return kind == Kind::ListBox || kind == Kind::CheckList || kind == Kind::ComboBox; }
 
 }  // namespace
@@ -228,10 +232,12 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
         mirror(control, Prop::Interval);
         return;
     }
-    const ClassAndStyle kind = windowKind(control.kind());
+    // A pressable label is a button drawn as a label, so that the keyboard reaches it.
+    const ClassAndStyle kind = control.pressable() ? ClassAndStyle{"BUTTON", BS_OWNERDRAW | WS_TABSTOP, 0}
+                                                   : windowKind(control.kind());
     HWND parent = control.parent() ? windows[control.parent()] : hwnd;
     const auto& b = control.bounds();
-    DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | (control.centred() ? SS_CENTER : 0) |
+    DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | (control.centred() && !control.pressable() ? SS_CENTER : 0) |
                   (control.visible() ? WS_VISIBLE : 0) |
                   (control.enabled() ? 0 : WS_DISABLED);
     if (control.kind() == Kind::CheckBox) style = (style & ~BS_TYPEMASK) | checkBoxType(control);
@@ -324,7 +330,9 @@ void Win32Renderer::FormWindow::mirror(Control& control, Prop what) {
     case Prop::ToolTip: mirrorToolTip(control, child); break;
     case Prop::Picture: ::InvalidateRect(child, nullptr, TRUE); break;
     case Prop::Alignment:
-        if (control.kind() == Kind::Label) {
+        if (control.pressable()) {
+            ::InvalidateRect(child, nullptr, TRUE);
+        } else if (control.kind() == Kind::Label) {
             const LONG_PTR style = ::GetWindowLongPtrA(child, GWL_STYLE) & ~static_cast<LONG_PTR>(SS_TYPEMASK);
             ::SetWindowLongPtrA(child, GWL_STYLE, style | (control.centred() ? SS_CENTER : SS_LEFT));
             ::InvalidateRect(child, nullptr, TRUE);
@@ -577,14 +585,17 @@ void Win32Renderer::FormWindow::notify(const NMHDR& header) {
 // Enter and Esc, as the system's dialog handling reports them.
 void Win32Renderer::FormWindow::dialogKey(int id) {
     if (id == IDCANCEL) {
-        if (form->closesOnEscape) form->userClose();
+        if (form->cancelButton)
+            form->cancelButton->userKeyPress();
+        else if (form->closesOnEscape)
+            form->userClose();
         return;
     }
     const auto focused = controlOf.find(::GetFocus());
-    if (focused != controlOf.end() && (focused->second->kind() == Kind::FlatButton || focused->second->kind() == Kind::Image))
-        focused->second->userClick();
+    if (focused != controlOf.end() && actsAsButton(*focused->second))
+        focused->second->userKeyPress();
     else if (form->defaultButton)
-        form->defaultButton->userClick();
+        form->defaultButton->userKeyPress();
 }
 
 // A click or the space bar flipped the selection of a row, which is its tick.
@@ -634,6 +645,7 @@ void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
         drawFlatButton(item, control, fonts.plain, brushes);
         break;
     case Kind::FlatButton: drawFlatButton(item, control, fonts.plain, brushes); break;
+    case Kind::Label: drawPressableLabel(item, control, fonts, brushes); break;
     default: break;
     }
 }

@@ -76,6 +76,12 @@ expect_eq "list heading" "New and Failed Files:" "$(auto caption @intCheck Label
 expect_eq "new and failed files" "$(printf '%s\n' 'C:\windows\system32\msacm32.dll' \
     'C:\windows\system32\tarvelon-added.exe *NEW*' 'C:\windows\system32\tarvelon-hidden.dll *NEW*' | sort)" \
     "$(auto items @intCheck List1 | tr -d '\r' | sort)"
+scan_tab_order() { auto tab-order @intCheck | tr -d '\r' | tr '\n' ' ' | sed 's/ $//'; }
+expect_eq "the results' tab order" "Label2" "$(scan_tab_order)"
+auto click @intCheck Label2 >/dev/null
+auto wait-caption @intCheck Label10 "New and Failed Files:" >/dev/null
+until [ "$(auto shown @intCheck List1)" == 1 ]; do sleep 0.2; done
+expect_eq "the failed files' tab order" "List1 Label12" "$(scan_tab_order)"
 
 auto click @intCheck Image11 >/dev/null
 expect_eq "leaving with findings" "Some files failed the integrity check!  Are you sure you want to exit?" "$(auto box-text Warning)"

@@ -83,6 +83,8 @@ auto wait-no-window @intCheck >/dev/null
 # A custom folder: added, logged on with its DLL files, saved.
 auto click "$main" addRem >/dev/null
 auto wait-window "$manager" >/dev/null
+manager_tab_order() { auto tab-order "$manager" | tr -d '\r' | tr '\n' ' ' | sed 's/ $//'; }
+expect_eq "the folder manager's tab order" "List1 cButton2 Command2 Command3" "$(manager_tab_order)"
 auto click "$manager" cButton2 >/dev/null
 tools="C:\\$(basename "$custom")\\"
 auto browse "Please Choose a Folder to Add" "${tools%\\}" >/dev/null
@@ -90,6 +92,8 @@ expect_eq "adding" "Folder Added." "$(auto box-text TarvelonLow)"
 auto press TarvelonLow OK >/dev/null
 expect_eq "first row" "1) $tools" "$(auto items "$manager" List1 | head -1 | tr -d '\r')"
 auto choose "$manager" List1 0 >/dev/null
+expect_eq "the tab order with a folder chosen (its lists wait for their boxes)" "List1 Check1 Check2 cButton2 Command2 Command3" \
+    "$(manager_tab_order)"
 auto click "$manager" Check1 >/dev/null
 auto tick "$manager" List2 0 >/dev/null
 auto click "$manager" Command3 >/dev/null
