@@ -163,9 +163,10 @@ public:
     void userMouseMove();
     void userMouseDown();
     void userMouseUp();
-    // Space or Enter on the focused control: a button's click, and on a
-    // pressable label the whole of a click, the button going down and up and
-    // then the click, since a label may act on any of the three.
+    // Enter on the focused control, or the form's Enter or Esc pressing it: a
+    // button's click, and on a pressable label the whole of a click, the
+    // button going down and up and then the click, since a label may act on
+    // any of the three.
     void userKeyPress();
 
     // The flat controls' look under the mouse. A flat check's caption turns blue
