@@ -54,6 +54,7 @@ auto click "$dialog" Image4 >/dev/null  # Turn Off
 auto --timeout 60000 wait-caption "$progress" Label2 "Status: Some files were scanned...Shutting Down in 2 minutes" \
     >/dev/null
 expect_eq "the count-down's button" "1" "$(auto shown "$progress" Command1)"
+expect_eq "the progress window's tab order" "Command1" "$(auto tab-order "$progress" | tr -d '\r')"
 expect_eq "the dialog after the choice" "" "$(auto windows | grep -F "$dialog" || true)"
 expect_eq "the precautionary scan" "$scanner /scan \"$(windows_path "$pending")\" " "$(tr -d '\r' <"$WORK/scans.log")"
 expect_eq "the precautionary report" \
@@ -64,7 +65,8 @@ auto close "$progress" >/dev/null
 expect_eq "the close box's question" "Cancel Shutdown?" "$(auto box-text TarvelonLow)"
 auto press TarvelonLow No >/dev/null
 auto wait-window "$progress" >/dev/null
-auto close "$progress" >/dev/null
+auto key "$progress" - 27 >/dev/null  # Esc asks as the close box does
+expect_eq "Esc's question" "Cancel Shutdown?" "$(auto box-text TarvelonLow)"
 auto press TarvelonLow Yes >/dev/null
 expect_eq "exit after Cancel Shutdown" "0" "$(auto wait-exit "$PID")"
 rm -f "$wininit" "$app"/Data/Log/*.log "$WORK/scans.log"
