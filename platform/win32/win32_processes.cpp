@@ -8,6 +8,32 @@
 #include <tlhelp32.h>
 
 namespace tv::win32 {
+namespace {
+
+// A start can fail for want of memory or handles at that moment (seen under
+// Wine on a busy machine), and files kept from the scanner would go unscanned;
+// so such a failure is tried again a few times before it is reported.
+constexpr int kStartAttempts = 3;
+constexpr DWORD kStartRetryPauseMs = 200;
+
+// A file that is no program, or one the user may not run, stays so.
+bool mayPassSoon(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_ACCESS_DENIED:
+        case ERROR_BAD_EXE_FORMAT:
+        case ERROR_EXE_MACHINE_TYPE_MISMATCH:
+        case ERROR_BAD_FORMAT:
+        case ERROR_INVALID_NAME:
+        case ERROR_DIRECTORY:
+            return false;
+        default:
+            return true;
+    }
+}
+
+}  // namespace
 
 std::string Win32Processes::commandLine() const { return ::GetCommandLineA(); }
 
@@ -34,9 +60,13 @@ bool Win32Processes::start(const std::string& commandLine, int showStyle) {
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = static_cast<WORD>(showStyle);
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                          &startup, &started))
-        return false;
+    for (int attempt = 1;; ++attempt) {
+        if (::CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                             &startup, &started))
+            break;
+        if (attempt == kStartAttempts || !mayPassSoon(::GetLastError())) return false;
+        ::Sleep(kStartRetryPauseMs);
+    }
     UniqueKernelObject process(started.hProcess);
     UniqueKernelObject thread(started.hThread);
     return true;
