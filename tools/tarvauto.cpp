@@ -146,7 +146,13 @@ HWND waitChild(const std::string& title, const std::function<bool(HWND)>& match,
     return hwnd;
 }
 
-int fail() { return 1; }
+// Every failure says why: a failure without a word is Wine not starting the
+// helper at all, which the scenarios try again.
+int fail(const char* why) {
+    std::fprintf(stderr, "tarvauto: %s\n", why);
+    return 1;
+}
+int fail() { return 1; }  // the reason is already written
 
 // Does what a click on a button does: its parent hears BN_CLICKED. Posting the
 // notification does not depend on where the mouse is or whether the window has
@@ -318,7 +324,7 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
     for (HWND child : childWindows(dialog))
         if (className(child) == "SysTreeView32") tree = child;
     RemoteBuffer remote(dialog, sizeof(TVITEMW) + 260 * sizeof(wchar_t));
-    if (!tree || !remote.valid() || folder.size() < 2) return fail();
+    if (!tree || !remote.valid() || folder.size() < 2) return fail("the folder dialog has no tree to open");
     auto item = reinterpret_cast<HTREEITEM>(askWindow(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
     const std::string drive = "(" + folder.substr(0, 2) + ")";
     item = findTreeItem(tree, item, [&](const std::string& text) { return text.find(drive) != std::string::npos; },
@@ -337,7 +343,7 @@ int answerFolderDialog(HWND dialog, const std::string& folder) {
     }
     askWindow(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
     HWND ok = ::GetDlgItem(dialog, IDOK);
-    if (!ok) return fail();
+    if (!ok) return fail("the folder dialog has no OK button");
     pressButton(ok);
     return 0;
 }
@@ -353,7 +359,11 @@ int showWindow(const std::string& title, bool hidden) {
             ::DestroyWindow(hwnd);
             return 0;
         }
-        if (message == WM_DESTROY) ::PostQuitMessage(::GetPropA(hwnd, "expired") ? 1 : 0);
+        if (message == WM_DESTROY) {
+            const bool expired = ::GetPropA(hwnd, "expired") != nullptr;
+            if (expired) std::fprintf(stderr, "tarvauto: nobody closed the window\n");
+            ::PostQuitMessage(expired ? 1 : 0);
+        }
         return ::DefWindowProcA(hwnd, message, wParam, lParam);
     };
     windowClass.hInstance = ::GetModuleHandleA(nullptr);
@@ -363,7 +373,7 @@ int showWindow(const std::string& title, bool hidden) {
     HWND window = ::CreateWindowExA(0, windowClass.lpszClassName, title.c_str(),
                                     WS_OVERLAPPEDWINDOW | (hidden ? 0 : WS_VISIBLE), 700, 40, 240, 120, nullptr,
                                     nullptr, windowClass.hInstance, nullptr);
-    if (!window) return fail();
+    if (!window) return fail("cannot make the window");
     ::SetTimer(window, kDeadline, g_timeoutMs, nullptr);
     MSG message;
     while (::GetMessageA(&message, nullptr, 0, 0) > 0) ::DispatchMessageA(&message);
@@ -437,7 +447,7 @@ int run(int argc, char** argv) {
         g_timeoutMs = static_cast<DWORD>(std::strtoul(args[1].c_str(), nullptr, 10));
         args.erase(args.begin(), args.begin() + 2);
     }
-    if (args.empty()) return fail();
+    if (args.empty()) return fail("no command given");
     const std::string& command = args[0];
     auto arg = [&](std::size_t i) { return i < args.size() ? args[i] : std::string(); };
 
@@ -563,7 +573,7 @@ int run(int argc, char** argv) {
         HWND tree = waitChild(arg(1), [&](HWND h) { return controlName(h) == name; }, "tree " + name);
         if (!tree) return fail();
         RemoteBuffer remote(tree, sizeof(TVITEMW) + 260 * sizeof(wchar_t));
-        if (!remote.valid()) return fail();
+        if (!remote.valid()) return fail("cannot reach the tree's memory");
         if (command == "tree") {
             walkTree(tree, nullptr, "", remote,
                      [](HTREEITEM, const std::string& path) { std::printf("%s\n", path.c_str()); });

@@ -15,10 +15,22 @@ trap cleanup EXIT
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
 # The helper writes to a file, never to a pipe that a Windows process could
-# keep open; its answer is printed afterwards.
+# keep open; its answer is printed afterwards. The helper says why whenever it
+# fails, so a failure without a word is Wine not starting it at all, which a
+# busy machine sees now and then: that start is tried again.
 auto() {
-    wine "$TARVAUTO" "$@" >"$WORK/.answer" 2>>"$WORK/.log" || { cat "$WORK/.log" >&2; fail "tarvauto $*"; }
-    cat "$WORK/.answer"
+    local attempt
+    for attempt in 1 2 3; do
+        if wine "$TARVAUTO" "$@" >"$WORK/.answer" 2>"$WORK/.said"; then
+            cat "$WORK/.said" >>"$WORK/.log"
+            cat "$WORK/.answer"
+            return 0
+        fi
+        cat "$WORK/.said" >>"$WORK/.log"
+        [ -s "$WORK/.said" ] && break
+    done
+    cat "$WORK/.log" >&2
+    fail "tarvauto $*"
 }
 
 windows_path() { local p=${1//\//\\}; printf 'Z:%s' "$p"; }
