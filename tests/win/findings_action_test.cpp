@@ -123,8 +123,7 @@ TEST_F(FindingsActionTest, FirstScanOfACustomFolderBecomesItsBaselineWithoutScan
     writeFile("tools\\t.dll", "t");
     writeFile("tools\\v w.exe", "v");  // a blank in the name
     writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "5");
-    writeFile("Data\\Integrity.dat", "");
-    loadIntFile(ctx, ctx.intFile);
+    systemBaseline("");
     host.startFirstCustom = [this](const std::string& folder, const std::string& datFile) {
         driver.firstCustomScan(folder, datFile, {path("tools\\"), 5});
     };

@@ -178,8 +178,7 @@ TEST_F(RegistryPassTest, ASnapshotThatCannotBeReadMakesEveryValueNewAndIsLeftAsI
     const auto hasWarning = [&] {
         const auto rows = warnings();
         return std::any_of(rows.begin(), rows.end(), [&](const std::string& row) {
-            return row.rfind("HKEY_CURRENT_USER|Loaded in ", 0) == 0 && row.size() > expected.size() &&
-                   row.compare(row.size() - expected.size(), expected.size(), expected) == 0;
+            return row.starts_with("HKEY_CURRENT_USER|Loaded in ") && row.ends_with(expected);
         });
     };
     writeFile("Data\\Registry.dat", "");

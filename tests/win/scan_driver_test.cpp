@@ -43,8 +43,7 @@ TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
     writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
     writeEntry(ctx, ctx.settFile, "path", path("tools\\"), "3");
     writeEntry(ctx, ctx.settFile, "args", "0,0,0,0,1,0,1", "3");
-    writeFile("Data\\Integrity.dat", "");
-    loadIntFile(ctx, ctx.intFile);
+    systemBaseline("");
     planLogOnRun();
     for (const ui::Control* percent : window.percentLabels) EXPECT_EQ(percent->caption(), "0%");
     EXPECT_EQ(window.l_scust.caption(), "0%");  // the custom folder's row as well
@@ -67,8 +66,7 @@ TEST_F(ScanDriverTest, LogOnRunPlansCustomFoldersWithTheirOwnGroups) {
 TEST_F(ScanDriverTest, FilesComingAndGoingAfterThePlanMoveOnlyThePercentages) {
     systemFile("a.dll", "a");
     systemFile("b.dll", "b");
-    writeFile("Data\\Integrity.dat", "");
-    loadIntFile(ctx, ctx.intFile);
+    systemBaseline("");
     ctx.scan.pageScan = ctx.scan.noAutoAction = true;
     ctx.scan.wanted = {true, false, false, false, false, false};
     driver.loadUp();
@@ -88,8 +86,7 @@ TEST_F(ScanDriverTest, MissingCustomFolderJoinsWithAnEmptyTurn) {
     writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
     writeEntry(ctx, ctx.settFile, "path", path("gone\\"), "1");
     writeEntry(ctx, ctx.settFile, "args", "1,1,1,1,1,1,1", "1");
-    writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
-    loadIntFile(ctx, ctx.intFile);
+    systemBaseline("[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
     logOnRun();
     EXPECT_EQ(window.l_cust2.caption(), "Custom Folder 1/1");
     EXPECT_EQ(window.Label6.caption(), "1");
@@ -100,8 +97,7 @@ TEST_F(ScanDriverTest, ScheduledRunCountsEveryTypeButScansTheSavedOnes) {
     systemFile("a.dll", "a");
     systemFile("b.exe", "b");
     writeEntry(ctx, ctx.settFile, "settings", "1,0,0,0,0,0,0,0", "Tarvelon");
-    writeFile("Data\\Integrity.dat", "[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
-    loadIntFile(ctx, ctx.intFile);
+    systemBaseline("[DLL]\r\nA.DLL=" + crcOf("a.dll") + "*E\r\nNULL*E\r\n");
     ctx.cmdLine = "/a";
     ctx.schedRun = ctx.autoLoadRun = true;
     driver.loadUp();
