@@ -1,5 +1,5 @@
 // AppWatch over the desktop's real windows: windows of the test's own, shown
-// and hidden, are listed with this process, found again by title (and class),
+// and hidden, read as the system has them, found again by title (and class),
 // raised, and asked to close; one whose thread does not answer holds the
 // program only for the answer time.
 #include <thread>
@@ -89,23 +89,15 @@ TEST_F(TopWindowsTest, WindowCallsReadTheDesktopAsTheSystemHasIt) {
     windows.askToClose(0);
 }
 
-TEST_F(TopWindowsTest, PageListsOurWindowsChoosesOneAndClosesItOnYes) {
+// Listing, choosing and closing after "Yes" are the AppWatch scenario's.
+TEST_F(TopWindowsTest, PageRaisesOurWindowAndAsksItToCloseWhichItMayRefuse) {
     HWND hidden = make("Tarvelon Test Hidden", false);
     HWND shown = make("Tarvelon Test Shown", true);
-    make("Tarvelon Test Twin", false);
-    make("Tarvelon Test Twin", false);   // shares the title: one row
-    make(std::string(255, 'L'), false);  // longer than the buffer
+    make(std::string(255, 'L'), false);  // longer than the buffer: its cut title finds no window
     page.ref.userClick();
-    EXPECT_TRUE(listed(row("Tarvelon Test Shown")));
-    EXPECT_TRUE(listed(row("Tarvelon Test Hidden")));
-    EXPECT_TRUE(listed(row("Tarvelon Test Twin")));
     EXPECT_TRUE(listed("0: " + std::string(254, 'L')));
-    EXPECT_EQ(page.lblCount.caption(), std::to_string(page.lstOpenWindows.items().size()) + " open Windows.");
 
     choose(row("Tarvelon Test Hidden"));
-    EXPECT_EQ(page.txtTitle.caption(), "Tarvelon Test Hidden");
-    EXPECT_EQ(page.lblClassName.caption(), std::string("Class Name: ") + kClass);
-    EXPECT_EQ(page.lblProcessID.caption(), "ProcessID: " + std::to_string(::GetCurrentProcessId()));
     page.act.userClick();  // found by class and title, and raised above the window made after it
     NativeWindow first = windows.relative(windows.desktop(), 5);
     while (first && first != number(hidden) && first != number(shown)) first = windows.relative(first, 2);
@@ -114,14 +106,10 @@ TEST_F(TopWindowsTest, PageListsOurWindowsChoosesOneAndClosesItOnYes) {
     ::SetPropA(hidden, "refuses", reinterpret_cast<HANDLE>(1));
     boxes.answers = {box::Yes, box::Yes};
     page.cl.userClick();
-    EXPECT_EQ(boxes.shown[0].prompt,
-              "Are you sure you want to close Tarvelon Test Hidden(" + std::to_string(number(hidden)) + ")");
     EXPECT_TRUE(::IsWindow(hidden));  // it may refuse
     ::RemovePropA(hidden, "refuses");
     page.cl.userClick();
     EXPECT_FALSE(::IsWindow(hidden));
-    EXPECT_FALSE(listed(row("Tarvelon Test Hidden")));  // the list is made again
-    EXPECT_TRUE(listed(row("Tarvelon Test Shown")));
 }
 
 // The window's thread takes no messages until the test lets it go.

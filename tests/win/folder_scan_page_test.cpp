@@ -1,5 +1,4 @@
 #include "core/settings_store.h"
-#include "integrity/data_file.h"
 #include "tests/win/scan_fixture.h"
 #include "integrity/folder_scan_actions.h"
 #include "ui/main_window.h"
@@ -18,10 +17,6 @@ protected:
     void slot(int number, const std::string& folder, const std::string& args) {
         writeEntry(ctx, ctx.settFile, "path", folder, std::to_string(number));
         writeEntry(ctx, ctx.settFile, "args", args, std::to_string(number));
-    }
-    void systemBaseline() {
-        writeFile("Data\\Integrity.dat", "");
-        loadIntFile(ctx, ctx.intFile);
     }
     std::array<int, 6> boxes6() const {
         std::array<int, 6> values{};
@@ -45,7 +40,7 @@ protected:
 TEST_F(FolderScanPageTest, FolderListKeepsNoGapsSoAnEarlierEmptySlotShiftsTheIndex) {
     slot(2, "  " + path("tools\\") + " ", "1,0,0,0,0,0,0");
     slot(5, path("more\\"), "0,0,0,0,1,0,0");
-    systemBaseline();
+    systemBaseline("");
     actions.enter();
     EXPECT_EQ(shownPages(), std::vector<std::string>{"intF"});
     EXPECT_EQ(page.Combo1.items(), (std::vector<std::string>{path("sys\\"), path("tools\\"), path("more\\")}));
@@ -97,7 +92,7 @@ TEST_F(FolderScanPageTest, ScanOfACustomFolderRunsOnlyThatFolder) {
     writeFile("tools\\t.dll", "t");
     systemFile("a.dll", "a");
     slot(1, path("tools\\"), "1,1,1,1,1,1,1");
-    systemBaseline();
+    systemBaseline("");
     writeFile("Data\\1.dat", "[DLL]\r\nt.dll=" + hash::getChecksum(ctx, path("tools\\t.dll")) + "*E\r\nNULL*E\r\n");
     actions.loadf();
     page.Combo1.userSetValue(1);
@@ -114,7 +109,7 @@ TEST_F(FolderScanPageTest, ScanOfACustomFolderRunsOnlyThatFolder) {
 
 TEST_F(FolderScanPageTest, RefusedFirstScanGoesBackToTheSystemDirectory) {
     slot(1, path("tools\\"), "1,0,0,0,0,0,0");
-    systemBaseline();
+    systemBaseline("");
     actions.loadf();
     boxes.answers = {box::No, box::Ok};
     page.Combo1.userSetValue(1);
@@ -125,7 +120,7 @@ TEST_F(FolderScanPageTest, RefusedFirstScanGoesBackToTheSystemDirectory) {
 
 TEST_F(FolderScanPageTest, VanishedFolderGetsABaselineOfHeadingsAndShortArgsTickWhatTheyName) {
     slot(1, path("gone\\"), "0,1");
-    systemBaseline();
+    systemBaseline("");
     actions.loadf();
     page.bFULL.userClick();
     boxes.answers = {box::Yes};

@@ -4,6 +4,7 @@
 
 #include "core/settings_store.h"
 #include "hash/checksum.h"
+#include "integrity/data_file.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
 #include "tests/win/own_system_shell.h"
@@ -30,6 +31,11 @@ protected:
     }
     void systemFile(const std::string& name, const std::string& content) { writeFile("sys\\" + name, content); }
     std::string crcOf(const std::string& name) { return hash::getChecksum(ctx, path("sys\\" + name)); }
+    // The system's data file with this text, loaded as the start loads it.
+    void systemBaseline(const std::string& text) {
+        writeFile("Data\\Integrity.dat", text);
+        loadIntFile(ctx, ctx.intFile);
+    }
     void runTimer() {
         ASSERT_TRUE(window.Timer1.enabled());
         window.Timer1.userTick();

@@ -19,8 +19,7 @@ protected:
             systemFile(name, name);
             baseline += name + "=" + crcOf(name) + "*E\r\n";
         }
-        writeFile("Data\\Integrity.dat", baseline + "NULL*E\r\n");
-        loadIntFile(ctx, ctx.intFile);
+        systemBaseline(baseline + "NULL*E\r\n");
         ctx.scan.pageScan = ctx.scan.noAutoAction = true;
         ctx.scan.wanted = {true, false, false, false, false, false};
         driver.loadUp();

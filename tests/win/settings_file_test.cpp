@@ -14,22 +14,6 @@ protected:
     AppContext ctx{set()};
 };
 
-TEST_F(SettingsFile, ExistingFileIsLeftAlone) {
-    writeFile("Tarvelon.dat", "[Tarvelon]\r\nalgo=md5");
-    ASSERT_TRUE(checkSettFile(ctx));
-    EXPECT_EQ(readFile("Tarvelon.dat"), "[Tarvelon]\r\nalgo=md5");
-    EXPECT_EQ(getSetting(ctx, "ALGO"), "");  // a last line without line end
-}
-
-TEST_F(SettingsFile, EmptyFileReadsAsNothingEverywhere) {
-    writeFile("Tarvelon.dat", "");
-    ASSERT_TRUE(checkSettFile(ctx));
-    EXPECT_EQ(readFile("Tarvelon.dat"), "");
-    for (const char* request : {"GETSETT", "ADV", "ALGO", "ANTIVIRUS2"})
-        EXPECT_EQ(getSetting(ctx, request), "") << request;
-    EXPECT_EQ(readIni(ctx, ctx.settFile, "path", 1), "");
-}
-
 TEST_F(SettingsFile, LockedFileKeepsItsContentAndCannotBeRead) {
     writeFile("Tarvelon.dat", "[Tarvelon]\r\nalgo=md5\r\n");
     {

@@ -37,13 +37,5 @@ TEST_F(UpdateCheck, InstalledUtilityStartsMinimisedForThisProduct) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(UpdateCheck, MissingUtilityIsOfferedForDownload) {
-    boxes.answers = {box::No};
-    window.options.cUpdates.userClick();
-    ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].style, box::YesNo);
-    EXPECT_TRUE(processes.started.empty());
-}
-
 }  // namespace
 }  // namespace tv::test
