@@ -64,8 +64,6 @@ TEST_F(ScannerCommandLines, ShapesOfTheOtherCallers) {
 TEST_F(ScannerCommandLines, ShortNameIsWhatStandsBeforeTheZero) {
     EXPECT_EQ(toShortPath(ctx, "C:\\PROGRA~1\\A.DLL"), "C:\\PROGRA~1\\A.DLL");
     EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
-    ctx.shortPaths = true;
-    EXPECT_EQ(batchItem(ctx, std::string(1100, 'x')), "\"\" ");
 }
 
 // The program a scanner's line starts is the longest beginning before a blank
@@ -88,8 +86,6 @@ TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
     EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
     EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r"), "");
     EXPECT_EQ(program("C:\\My.Tools\\x /y"), "");  // a file without an extension is no program
-    files.erase(scanner);
-    EXPECT_EQ(program(scanner + " /x C:\\a.dll"), "");  // neither C:\Program nor C:\Program.exe
     for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
         EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }
