@@ -81,10 +81,11 @@ TEST_F(Wizard, EachPageShowsItsTitleTextAndControls) {
         EXPECT_EQ(form().title.caption(), title);
         EXPECT_EQ(shownControls(), controls) << title;
         EXPECT_EQ(form().Label4.visible(), pages().page() == 1);
-        if (pages().page() == 4)
+        if (pages().page() == 4) {
             EXPECT_EQ(form().desc.caption(),
                       "-Please choose the types of files you would like to scan at startup.\r\r-We recommend "
                       "scanning of at least these files types:\rDRV,SYS,EXE,SCR and PIF files.");
+        }
         if (pages().page() == 5) {
             EXPECT_EQ(form().desc.caption().find("Auto-Scan:\r-If this option"), 0u);
             EXPECT_NE(form().desc.caption().find("Windows).\r\n\r\n-If you enable"), std::string::npos);
@@ -172,13 +173,13 @@ TEST_F(Wizard, LabelsLightUnderTheMouseAndTheHoverNumberFollows) {
     EXPECT_EQ(pages().page(), 1);
 }
 
+// The question and Yes are the keyboard scenario's.
 TEST_F(Wizard, CancelAsksAndOnlyNoKeepsTheWizard) {
     open();
     os.boxes.answers = {box::No};
     release(form().Label3);
     form().Label3.userClick();
-    EXPECT_EQ(os.boxes.shown[0].prompt, "Are you sure you want to disregard all changes and exit the setup wizard?");
-    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_EQ(os.boxes.shown.size(), 1u);
     EXPECT_TRUE(form().visible());
     EXPECT_EQ(pages().hoverNumber(), 6);
     os.boxes.answers = {box::Yes};
