@@ -71,6 +71,9 @@ TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
     choose(choice().cChoose, "C:\\Other\\other.exe");
     EXPECT_EQ(choice().Text6.caption(), " ");
     EXPECT_EQ(wizard().varg.caption(), " ");
+    wizard().varg.setCaption("wizard's own");  // the second scanner leaves the wizard alone
+    choose(choice().cButton10, "C:\\Panda\\pavcl.com");
+    EXPECT_EQ(wizard().varg.caption(), "wizard's own");
 }
 
 TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {

@@ -55,10 +55,6 @@ TEST_F(ScannerCommandLines, ShapesOfTheOtherCallers) {
     EXPECT_EQ(singleRunItem(ctx, "\"\""), " ");
     EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE"), "\"C:\\A.EXE\"");
     EXPECT_EQ(singleFileItem(ctx, "\"C:\\A.EXE\" -run"), "\"C:\\A.EXE\" -run");
-    ctx.settFile = "C:\\T\\Data\\Tarvelon.dat";
-    ctx.intFile = "C:\\T\\Data\\Integrity.dat";
-    EXPECT_EQ(scannerTestCommand(ctx, "C:\\AV\\SCAN.EXE"),
-              "C:\\AV\\SCAN.EXE \"C:\\T\\Data\\Tarvelon.dat\" \"C:\\T\\Data\\Integrity.dat\"");
 }
 
 TEST_F(ScannerCommandLines, ShortNameIsWhatStandsBeforeTheZero) {
