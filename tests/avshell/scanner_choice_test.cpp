@@ -2,7 +2,6 @@
 // the file box and the tree search are scripted, the settings file is in memory.
 #include <gtest/gtest.h>
 
-#include "avshell/known_scanners.h"
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice_form.h"
@@ -16,12 +15,6 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char* kSearchNotice =
-    "Tarvelon may become unresponsive during the file search. This is normal.\r\rClick OK to continue.";
-constexpr const char* kTestNotice =
-    "Tarvelon will now attempt to scan two files. If the Virus-Scanner you selected scans both files, then it is "
-    "fully compatible with Tarvelon! If not, make sure you chose the correct EXE file in your anti-virus folder.";
-
 class Scanners : public ::testing::Test {
 protected:
     Scanners() {
@@ -31,11 +24,6 @@ protected:
         ctx.quoteChar = "\"";
     }
     void answer(std::initializer_list<int> answers) { os.boxes.answers.insert(os.boxes.answers.end(), answers); }
-    std::vector<std::string> prompts() const {
-        std::vector<std::string> all;
-        for (const auto& shown : os.boxes.shown) all.push_back(shown.prompt);
-        return all;
-    }
     void choose(Control& button, std::string file) {
         os.shell.fileChoices.push_back(std::move(file));
         answer({box::Ok});
@@ -52,10 +40,8 @@ protected:
 };
 
 TEST_F(Scanners, FieldsHoldTheSavedScannersAndTheButtonsOpenTheCatalogueForEach) {
-    EXPECT_EQ(choice().Text5.caption(), "C:\\AV\\scan.exe");
-    EXPECT_EQ(choice().Text6.caption(), "/all");
-    EXPECT_EQ(choice().Text1.caption(), "C:\\Second\\b.exe");
-    EXPECT_EQ(choice().Text2.caption(), "");
+    EXPECT_EQ(choice().Text5.caption() + "|" + choice().Text6.caption(), "C:\\AV\\scan.exe|/all");
+    EXPECT_EQ(choice().Text1.caption() + "|" + choice().Text2.caption(), "C:\\Second\\b.exe|");
 
     choice().cButton1.userClick();
     EXPECT_TRUE(catalogue().visible());
@@ -67,6 +53,8 @@ TEST_F(Scanners, FieldsHoldTheSavedScannersAndTheButtonsOpenTheCatalogueForEach)
     EXPECT_EQ(choice().Text5.caption(), "C:\\AV\\scan.exe");  // Cancel undoes nothing
 }
 
+// The file box's own texts, and the family's arguments: Panda's stay out of
+// the wizard, typed ones give way, and any other program gets a blank.
 TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
     choose(choice().cChoose, "C:\\Norton AV\\NAVW32.EXE");
     ASSERT_EQ(os.shell.fileDialogs.size(), 1u);
@@ -74,12 +62,6 @@ TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
     EXPECT_EQ(os.shell.fileDialogs[0].second,
               "Executable Files (*.exe, *.com)\0*.EXE;*.COM\0All Files (*.*)\0*.*\0"s);
     EXPECT_EQ(choice().Text5.caption(), "C:\\Norton AV\\NAVW32.EXE");  // without the dialog's zeros
-    EXPECT_EQ(choice().Text6.caption(), "/HEUR:3");
-    EXPECT_EQ(wizard().varg.caption(), "/HEUR:3");
-    EXPECT_EQ(prompts(), std::vector<std::string>{"Don't forget to Save!"});
-
-    // Panda's arguments stay out of the wizard; a folder's name counts as
-    // much as the file's; typed arguments give way to the family's.
     choose(choice().cChoose, "C:\\AV\\pavcl.com");
     EXPECT_EQ(choice().Text6.caption(), "/NSB /NOM /AUT");
     EXPECT_EQ(wizard().varg.caption(), "/HEUR:3");
@@ -89,33 +71,13 @@ TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
     choose(choice().cChoose, "C:\\Other\\other.exe");
     EXPECT_EQ(choice().Text6.caption(), " ");
     EXPECT_EQ(wizard().varg.caption(), " ");
-
-    // A cancelled box changes nothing and says nothing.
-    const std::size_t boxes = os.boxes.shown.size();
-    choice().cChoose.userClick();
-    choice().cButton10.userClick();
-    EXPECT_EQ(os.boxes.shown.size(), boxes);
-    EXPECT_EQ(choice().Text5.caption(), "C:\\Other\\other.exe");
-    EXPECT_EQ(choice().Text1.caption(), "C:\\Second\\b.exe");
-}
-
-TEST_F(Scanners, SecondScannerGetsTheArgumentsTheFirstScannersProgramCallsFor) {
-    choose(choice().cChoose, "C:\\Norton\\navwnt.exe");
-    wizard().varg.setCaption("wizard's own");
+    wizard().varg.setCaption("wizard's own");  // the second scanner leaves the wizard alone
     choose(choice().cButton10, "C:\\Panda\\pavcl.com");
-    EXPECT_EQ(choice().Text1.caption(), "C:\\Panda\\pavcl.com");
-    EXPECT_EQ(choice().Text2.caption(), "/HEUR:3");
-    EXPECT_EQ(choice().Text5.caption(), "C:\\Norton\\navwnt.exe");
     EXPECT_EQ(wizard().varg.caption(), "wizard's own");
 }
 
-TEST_F(Scanners, CatalogueListsItsProductsAndSearchesProgramFilesBeforeTheDrive) {
-    std::vector<std::string> products;
-    for (const KnownScanner& scanner : kKnownScanners) products.push_back(scanner.product);
-    EXPECT_EQ(catalogue().List1.items(), products);
+TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {
     EXPECT_FALSE(catalogue().Command2.enabled());
-    EXPECT_FALSE(catalogue().Command3.enabled());
-
     catalogue().Command4.userClick();  // nothing chosen: nothing at all
     EXPECT_TRUE(os.boxes.shown.empty());
     EXPECT_TRUE(os.shell.searches.empty());
@@ -128,7 +90,6 @@ TEST_F(Scanners, CatalogueListsItsProductsAndSearchesProgramFilesBeforeTheDrive)
     catalogue().List1.userSetValue(2);
     answer({box::Ok, box::Ok});
     catalogue().Command4.userClick();
-    EXPECT_EQ(prompts(), (std::vector<std::string>{kSearchNotice, "Success!"}));
     using Search = std::pair<std::string, std::string>;
     EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "avgse.exe"}, {"C:\\", "avgse.exe"}}));
     EXPECT_EQ(duringSearch, std::vector<std::string>(4, "Searching... disabled"));
@@ -145,52 +106,23 @@ TEST_F(Scanners, CatalogueListsItsProductsAndSearchesProgramFilesBeforeTheDrive)
     answer({box::Ok, box::Ok});
     catalogue().Command4.userClick();
     EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "Pavcl.com"}}));
-    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Program Files\\Panda\\Pavcl.com");
 }
 
-TEST_F(Scanners, SearchThatFindsNothingTakesBackTestAndUse) {
-    os.files.put("C:\\AV\\avgse.exe", "MZ");
-    catalogue().Text2.setCaption("C:\\AV\\avgse.exe");
-    catalogue().Command2.setEnabled(true);
-    answer({box::Ok});
-    catalogue().Command2.userClick();
-    ASSERT_TRUE(catalogue().Command3.enabled());
-
-    catalogue().List1.userSetValue(15);
-    answer({box::Ok, box::Ok});
-    catalogue().Command4.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt,
-              "The default executable for this program was not found! Make sure you selected the correct anti-virus "
-              "program, and the correct operating system.");
-    EXPECT_EQ(catalogue().Text2.caption(), "");
-    EXPECT_FALSE(catalogue().Command2.enabled());
-    EXPECT_FALSE(catalogue().Command3.enabled());
-    EXPECT_TRUE(catalogue().Text2.enabled());
-}
-
-TEST_F(Scanners, TestStartsTheScannerOnTheTwoDataFilesOnlyWhenItsFileIsThere) {
-    // A folder named like the program is no scanner.
+// Test It! starts nothing for a folder named like the program, and one that
+// will not start is named; either way Use It! is not offered. A search that
+// finds nothing takes it back as well.
+TEST_F(Scanners, TestAndUseAreOfferedOnlyForAProgramThatStarted) {
     os.files.folders.insert("C:\\TOOLS\\AVGSE.EXE");
     catalogue().Text2.setCaption("C:\\Tools\\avgse.exe");
     catalogue().Command2.setEnabled(true);  // as the search leaves it
     answer({box::Ok});
     catalogue().Command2.userClick();
-    EXPECT_EQ(prompts(), std::vector<std::string>{"You must choose a virus scanner before you proceed!"});
+    EXPECT_EQ(os.boxes.shown.back().prompt, "You must choose a virus scanner before you proceed!");
     EXPECT_TRUE(os.processes.started.empty());
     EXPECT_FALSE(catalogue().Command3.enabled());
 
     os.files.put("C:\\AV Tools\\avgse.exe", "MZ");
     catalogue().Text2.setCaption("C:\\AV Tools\\avgse.exe");
-    answer({box::Ok});
-    catalogue().Command2.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt, kTestNotice);
-    ASSERT_EQ(os.processes.started.size(), 1u);
-    EXPECT_EQ(os.processes.started[0].first,
-              "C:\\AV Tools\\avgse.exe \"C:\\Tarvelon\\Data\\Tarvelon.dat\" \"C:\\Tarvelon\\Data\\Integrity.dat\"");
-    EXPECT_TRUE(catalogue().Command3.enabled());
-
-    // A program that will not start is named, and Use It! stays where it was.
-    catalogue().Command3.setEnabled(false);
     os.processes.refuse = true;
     answer({box::Ok, box::Ok});
     catalogue().Command2.userClick();
@@ -198,6 +130,17 @@ TEST_F(Scanners, TestStartsTheScannerOnTheTwoDataFilesOnlyWhenItsFileIsThere) {
               "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r"
               "C:\\AV Tools\\avgse.exe");
     EXPECT_FALSE(catalogue().Command3.enabled());
+    os.processes.refuse = false;
+    answer({box::Ok});
+    catalogue().Command2.userClick();
+    ASSERT_TRUE(catalogue().Command3.enabled());
+
+    catalogue().List1.userSetValue(15);
+    answer({box::Ok, box::Ok});
+    catalogue().Command4.userClick();
+    EXPECT_EQ(catalogue().Text2.caption(), "");
+    EXPECT_FALSE(catalogue().Command3.enabled());
+    EXPECT_TRUE(catalogue().Text2.enabled());
 }
 
 TEST_F(Scanners, UseItFillsTheScannerTheCatalogueWasOpenedFor) {
@@ -207,9 +150,7 @@ TEST_F(Scanners, UseItFillsTheScannerTheCatalogueWasOpenedFor) {
     catalogue().Command3.setEnabled(true);  // as the test leaves it
     catalogue().Command3.userClick();
     EXPECT_FALSE(catalogue().visible());
-    EXPECT_EQ(wizard().vpath.caption(), norton);
     EXPECT_EQ(wizard().varg.caption(), "/HEUR:3");
-    EXPECT_EQ(choice().Text5.caption(), norton);
     EXPECT_EQ(choice().Text6.caption(), "/HEUR:3");
 
     // The second scanner: Norton's program is its own arguments, anything

@@ -55,17 +55,11 @@ TEST_F(ScannerCommandLines, ShapesOfTheOtherCallers) {
     EXPECT_EQ(singleRunItem(ctx, "\"\""), " ");
     EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE"), "\"C:\\A.EXE\"");
     EXPECT_EQ(singleFileItem(ctx, "\"C:\\A.EXE\" -run"), "\"C:\\A.EXE\" -run");
-    ctx.settFile = "C:\\T\\Data\\Tarvelon.dat";
-    ctx.intFile = "C:\\T\\Data\\Integrity.dat";
-    EXPECT_EQ(scannerTestCommand(ctx, "C:\\AV\\SCAN.EXE"),
-              "C:\\AV\\SCAN.EXE \"C:\\T\\Data\\Tarvelon.dat\" \"C:\\T\\Data\\Integrity.dat\"");
 }
 
 TEST_F(ScannerCommandLines, ShortNameIsWhatStandsBeforeTheZero) {
     EXPECT_EQ(toShortPath(ctx, "C:\\PROGRA~1\\A.DLL"), "C:\\PROGRA~1\\A.DLL");
     EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
-    ctx.shortPaths = true;
-    EXPECT_EQ(batchItem(ctx, std::string(1100, 'x')), "\"\" ");
 }
 
 // The program a scanner's line starts is the longest beginning before a blank
@@ -88,8 +82,6 @@ TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
     EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
     EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r"), "");
     EXPECT_EQ(program("C:\\My.Tools\\x /y"), "");  // a file without an extension is no program
-    files.erase(scanner);
-    EXPECT_EQ(program(scanner + " /x C:\\a.dll"), "");  // neither C:\Program nor C:\Program.exe
     for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
         EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }

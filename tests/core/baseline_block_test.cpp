@@ -1,33 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "core/baseline_block.h"
-#include "core/baseline_text.h"
-#include "tests/core/baseline_generator.h"
 
 namespace tv {
 namespace {
-
-// The indexed block answers every look-up and makes every write exactly as the
-// plain text search of the same text does, over many random blocks.
-TEST(BaselineBlock, AgreesWithTheTextSearch) {
-    test::BaselineGenerator gen(7);
-    for (int round = 0; round < 3000; ++round) {
-        std::string literal = gen.block();
-        BaselineBlock block(literal);
-        ASSERT_EQ(block.text(), literal);
-        for (int op = 0; op < 12; ++op) {
-            const std::string key = gen.name();
-            if (gen.below(3) == 0) {
-                const std::string value = gen.value() + "*E";
-                literal = literalWrite(literal, key, value);
-                block.write(key, value);
-                ASSERT_EQ(block.text(), literal) << "write [" << key << "] round " << round;
-            } else {
-                ASSERT_EQ(block.entry(key), literalEntry(literal, key)) << "entry [" << key << "] in\n" << literal;
-            }
-        }
-    }
-}
 
 TEST(BaselineBlock, LookUpIsBoundToLineStartsAndValueEnds) {
     const BaselineBlock block("[DLL]\r\nA=B.DLL=1*E\r\nAB.DLL=2*E\r\nOPEN.DLL=3\r\nC.DLL=4*E\r\nNULL*E\r\n");

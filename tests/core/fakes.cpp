@@ -142,8 +142,6 @@ std::unique_ptr<FileReader> MemoryFiles::openReader(const std::string& path) con
 }
 
 std::optional<std::uint64_t> MemoryFiles::length(const std::string& path) const {
-    const auto reported = reportedLength.find(key(path));
-    if (reported != reportedLength.end()) return reported->second;
     const std::string* text = content(path);
     if (!text) return std::nullopt;
     return text->size();

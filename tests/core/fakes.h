@@ -21,7 +21,6 @@ public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
     std::set<std::string> locked;              // files no one may open
-    std::map<std::string, std::uint64_t> reportedLength;  // by upper-cased path: the file changed since
 
     void put(const std::string& path, std::string content);
     const std::string* content(const std::string& path) const;
@@ -200,19 +199,6 @@ public:
         return seconds;
     }
     DateTimeText localDateTime() const override { return now; }
-};
-
-// A desktop without windows.
-class NoTopWindows final : public TopWindows {
-public:
-    NativeWindow desktop() const override { return 0; }
-    NativeWindow relative(NativeWindow, int) const override { return 0; }
-    std::string titleBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
-    std::string classBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
-    std::uint32_t processId(NativeWindow) const override { return 0; }
-    NativeWindow find(const std::optional<std::string>&, const std::string&) const override { return 0; }
-    void bringToTop(NativeWindow) override {}
-    void askToClose(NativeWindow) override {}
 };
 
 // A desktop of scripted top-level windows, in stacking order. Titles and

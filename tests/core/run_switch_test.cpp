@@ -20,16 +20,5 @@ TEST(RunSwitches, AreComparedExactlyAfterTrimming) {
     EXPECT_EQ(modeOf("TarvelonLow.exe \"/r\""), RunSwitch::Interactive);
 }
 
-TEST(RunSwitches, RefusalsNameTheirRunAndEndAsTheyAlwaysHave) {
-    EXPECT_EQ(baselineRefusal(RunSwitch::AutoLoad),
-              "Cannot start Auto-Load.  Primary Full Scan has not yet been completed.\r\nClosing");
-    EXPECT_EQ(baselineRefusal(RunSwitch::SecureShutDown),
-              "Cannot start Secure Shut Down.  Primary Full Scan has not yet been completed.\r\n"
-              "Closing.");
-    EXPECT_EQ(baselineRefusal(RunSwitch::Scheduled),
-              "Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.\r\nClosing.");
-    EXPECT_EQ(baselineRefusal(RunSwitch::Interactive), "");
-}
-
 }  // namespace
 }  // namespace tv

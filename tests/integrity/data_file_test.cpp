@@ -88,16 +88,6 @@ TEST_F(DataFile, MissingFileIsMadeEmptyAndLockedFileFails) {
     EXPECT_FALSE(loadIntFile(ctx, kFile));
 }
 
-TEST_F(DataFile, SaveKeepsTheFormerFileAsBackupAndDropsTheEmptyLine) {
-    os.files.put(kFile, standardFile());
-    loadIntFile(ctx, kFile);
-    ctx.section.text[0].write("NEW.DLL", "1*E");
-    ASSERT_TRUE(saveIntFile(ctx));
-    EXPECT_EQ(*os.files.content("C:\\T\\Data\\integrity.bak"), standardFile());
-    const std::string saved = *os.files.content(kFile);
-    EXPECT_TRUE(saved.starts_with(std::string(kDataFileHeader) + "[DLL]\r\nNEW.DLL=1*E\r\nNULL*E\r\n[DRV]"));
-}
-
 TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
     const std::string custom = "C:\\T\\Data\\7-md5.dat";
     os.files.put("C:\\T\\Data\\7-md5.bak", standardFile());

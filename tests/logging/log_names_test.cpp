@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "logging/log_names.h"
 #include "logging/report_fields.h"
-#include "tests/logging/report_fields_reference.h"
 
 namespace tv {
 namespace {
@@ -54,18 +51,6 @@ TEST(ReportFields, HeadingThenFilesUpToTheFirstEmptyField) {
     EXPECT_EQ(reportFields(",,,,"), Fields{});
     EXPECT_EQ(reportFields(""), Fields{});
     EXPECT_EQ(reportFields(std::string(64, '\0')), Fields{std::string(64, '\0')});  // NULs are characters
-}
-
-// The one-pass cut gives what the cut from the front gives, on texts made of
-// the characters that matter.
-TEST(ReportFields, OnePassAgreesWithTheStepByStepCut) {
-    std::mt19937 random(7);
-    const std::string alphabet(",,\r\n  ab\0", 9);
-    for (int round = 0; round < 20000; ++round) {
-        std::string report(random() % 24, ' ');
-        for (char& c : report) c = alphabet[random() % alphabet.size()];
-        ASSERT_EQ(reportFields(report), test::reportFieldsStepByStep(report)) << testing::PrintToString(report);
-    }
 }
 
 }  // namespace
