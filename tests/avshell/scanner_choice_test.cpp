@@ -138,6 +138,9 @@ TEST_F(Scanners, TestAndUseAreOfferedOnlyForAProgramThatStarted) {
     catalogue().List1.userSetValue(15);
     answer({box::Ok, box::Ok});
     catalogue().Command4.userClick();
+    EXPECT_EQ(os.boxes.shown.back().prompt,
+              "The default executable for this program was not found! Make sure you selected the correct "
+              "anti-virus program, and the correct operating system.");
     EXPECT_EQ(catalogue().Text2.caption(), "");
     EXPECT_FALSE(catalogue().Command3.enabled());
     EXPECT_TRUE(catalogue().Text2.enabled());
