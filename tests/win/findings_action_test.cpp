@@ -74,6 +74,7 @@ TEST_F(FindingsActionTest, LogOnRunPassesBatchesToBothScannersAndTakesTheNewValu
 }
 
 TEST_F(FindingsActionTest, WithoutAScannerTheFirstBatchIsLoggedAndEverythingUpdated) {
+    autoLogging.setValue(0);  // the report is forced: written whatever Auto-Logging says
     boxes.answers = {box::Ok};
     logOnRunWithFiveFindings();
     EXPECT_EQ(boxes.shown.size(), 1u);
