@@ -28,15 +28,6 @@ printf '%s,%se.dll\r\n' "$heading" "$sys" >"$app/Data/Log/03-06-2006(5_00_00PM).
 export TARVELON_FAKESCAN_LOG
 TARVELON_FAKESCAN_LOG=$(windows_path "$WORK/scans.log")
 
-# Runs a command until it prints the expected text, for at most 20 seconds.
-wait_for() {  # what, expected, command...
-    local what=$1 expected=$2 got deadline=$((SECONDS + 20))
-    shift 2
-    until got=$("$@" 2>/dev/null) && [ "$got" == "$expected" ]; do
-        [ $SECONDS -lt $deadline ] || fail "$what: expected [$(printf '%q' "$expected")] got [$(printf '%q' "$got")]"
-        sleep 0.2
-    done
-}
 rows() { auto items "$main" lstOpenWindows | tr -d '\r'; }
 has_row() { rows | grep -cFx -- "$1" || true; }
 sorted_tree() { auto tree "$main" TreeView2 | tr -d '\r' | sort; }
@@ -52,11 +43,8 @@ auto wait-window "$main" >/dev/null
 # AppWatch: our window, hidden as it is, is listed with its process.
 auto click "$main" Image9 >/dev/null
 auto click "$main" ref >/dev/null
-deadline=$((SECONDS + 20))
-until count=$(count_text); do
-    [ $SECONDS -lt $deadline ] || fail "no count after Refresh: $(auto caption "$main" lblCount)"
-    sleep 0.2
-done
+wait_until 20 "the count after Refresh" count_text >/dev/null
+count=$(count_text)
 mapfile -t listed < <(rows)
 expect_eq "count of the rows" "${#listed[@]} open Windows." "$count"
 index=-1
@@ -93,9 +81,8 @@ expect_eq "after the scan" "Anti-Virus program executed successfully!" "$(auto b
 auto press TarvelonLow OK >/dev/null
 first="\"${sys}a.dll\" \"${sys}b&c.exe\" " second='"C:\x.dll" '
 expected=$(printf '%s\n' "$scanner /scan $first" "$scanner /second $first" "$scanner /scan $second" \
-    "$scanner /second $second" | sort)
-scans() { tr -d '\r' <"$WORK/scans.log" | sort; }
-wait_for "scanner command lines" "$expected" scans
+    "$scanner /second $second" | LC_ALL=C sort)
+wait_for "scanner command lines" "$expected" sorted_scans
 
 auto click "$main" cDelLog >/dev/null
 expect_eq "deletion question" "Are you sure you want to delete this Report?" "$(auto box-text TarvelonLow)"

@@ -66,10 +66,8 @@ batches=("\"${sys}msacm32.dll\" \"${sys}a&b.exe\" " "\"${custom}c^d.dll\" \"${cu
     "\"${custom}g.exe\" ")
 expected=$(for batch in "${batches[@]}"; do
     printf '%s /scan %s\n%s /second %s\n' "$scanner" "$batch" "$scanner" "$batch"
-done | sort)
-deadline=$((SECONDS + 30))  # the scanners run on after the program has ended
-until [ "$(wc -l <"$WORK/scans.log" 2>/dev/null)" == 6 ] || [ $SECONDS -ge $deadline ]; do sleep 0.2; done
-expect_eq "scanner command lines" "$expected" "$(tr -d '\r' <"$WORK/scans.log" | sort)"
+done | LC_ALL=C sort)
+wait_for "scanner command lines" "$expected" sorted_scans  # the scanners run on after the program has ended
 [ ! -e "$WORK/planted.log" ] || fail "the program planted as C:\\Program.exe ran: $(cat "$WORK/planted.log")"
 
 logs=("$app"/Data/Log/*.log)

@@ -57,11 +57,8 @@ cp "$programs/Tarvelon/Tarvelon.lnk" "$programs/StartUp/Tarvelon.lnk"
 cp "$programs/Tarvelon/Secure Shut Down.lnk" "$installed/SecureShutDown.lnk"
 
 wine "$installed/Uninstall.exe" /S >"$WORK/uninstall.log" 2>&1 || fail "the uninstaller failed"
-deadline=$((SECONDS + 60))  # it runs on from a copy of itself; its entry goes last
-while wine reg query "$key" >/dev/null 2>&1; do
-    [ $SECONDS -lt $deadline ] || fail "the uninstaller did not finish"
-    sleep 0.5
-done
+uninstalled() { ! wine reg query "$key" >/dev/null 2>&1; }
+wait_until 60 "the uninstaller's end" uninstalled  # it runs on from a copy of itself; its entry goes last
 for gone in "$installed/TarvelonLow.exe" "$installed/Uninstall.exe"; do
     [ ! -e "$gone" ] || fail "$gone is left after the uninstall"
 done

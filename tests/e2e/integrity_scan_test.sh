@@ -80,7 +80,7 @@ scan_tab_order() { auto tab-order @intCheck | tr -d '\r' | tr '\n' ' ' | sed 's/
 expect_eq "the results' tab order" "Label2" "$(scan_tab_order)"
 auto click @intCheck Label2 >/dev/null
 auto wait-caption @intCheck Label10 "New and Failed Files:" >/dev/null
-until [ "$(auto shown @intCheck List1)" == 1 ]; do sleep 0.2; done
+wait_shown @intCheck List1
 expect_eq "the failed files' tab order" "List1 Label12" "$(scan_tab_order)"
 
 auto click @intCheck Image11 >/dev/null

@@ -13,13 +13,6 @@ main="Welcome to Tarvelon"
 nav="Image5 Image7 Image9 Image11 cButton6 cButton7 cButton9"
 tab_order() { auto tab-order "$1" | tr -d '\r' | tr '\n' ' ' | sed 's/ $//'; }
 space() { auto key "$1" "$2" 32 >/dev/null; }
-wait_shown() {  # window, control [1 shown | 0 hidden]
-    local deadline=$((SECONDS + 20))
-    until [ "$(auto shown "$1" "$2")" == "${3:-1}" ]; do
-        [ $SECONDS -lt $deadline ] || fail "$2 did not become shown=${3:-1}"
-        sleep 0.2
-    done
-}
 
 start_program "$app" ""
 auto wait-window "$main" >/dev/null

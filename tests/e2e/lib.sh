@@ -33,6 +33,32 @@ auto() {
     fail "tarvauto $*"
 }
 
+# Waits until a command succeeds, for at most `seconds`; then fails the scenario.
+wait_until() {  # seconds, what is awaited, command...
+    local deadline=$((SECONDS + $1)) what=$2
+    shift 2
+    until "$@"; do
+        [ $SECONDS -lt $deadline ] || fail "still waiting for $what"
+        sleep 0.2
+    done
+}
+# Runs a command until it prints the expected text, for at most 30 seconds;
+# then fails the scenario with what it printed last.
+wait_for() {  # what, expected, command...
+    local what=$1 expected=$2 got deadline=$((SECONDS + 30))
+    shift 2
+    until got=$("$@" 2>/dev/null) && [ "$got" == "$expected" ]; do
+        [ $SECONDS -lt $deadline ] || fail "$what: expected [$(printf '%q' "$expected")] got [$(printf '%q' "$got")]"
+        sleep 0.2
+    done
+}
+is_shown() { [ "$(auto shown "$1" "$2")" == "${3:-1}" ]; }  # window, control [1 shown | 0 hidden]
+wait_shown() { wait_until 20 "$2 shown=${3:-1}" is_shown "$@"; }
+# What the fake scanners have written to $WORK/scans.log: at least `count`
+# lines; the lines in order of their text (scanners run side by side).
+scans_at_least() { [ -f "$WORK/scans.log" ] && [ "$(wc -l <"$WORK/scans.log")" -ge "$1" ]; }
+sorted_scans() { tr -d '\r' <"$WORK/scans.log" | LC_ALL=C sort; }
+
 windows_path() { local p=${1//\//\\}; printf 'Z:%s' "$p"; }
 
 # A new program folder holding only the program file.
@@ -64,14 +90,11 @@ refuse_first_run() {
     auto press TarvelonLow OK >/dev/null
 }
 
+every_value_filled() { [ -s "$1" ] && ! grep -q '=NULL\*E' "$1"; }
 # Waits until the primary full scan has filled every value of the data file in
 # and its window has given way to the main window.
 wait_for_primary_scan() {  # data file
-    local deadline=$((SECONDS + 240))
-    until [ -s "$1" ] && ! grep -q '=NULL\*E' "$1"; do
-        [ $SECONDS -lt $deadline ] || fail "the primary full scan did not finish"
-        sleep 0.5
-    done
+    wait_until 240 "the primary full scan" every_value_filled "$1"
     auto wait-no-window @intCheck >/dev/null
     auto wait-window "Welcome to Tarvelon" >/dev/null
 }

@@ -42,18 +42,14 @@ auto wait-window "$main" >/dev/null
 
 pages=(intF regF appF setFq settF repF Frame2)
 # A click is posted: the page may change a moment after the helper returns.
-expect_only_page() {
-    local page shown=() deadline=$((SECONDS + 10))
-    while :; do
-        shown=()
-        for page in "${pages[@]}"; do
-            [ "$(auto shown "$main" "$page")" == 1 ] && shown+=("$page")
-        done
-        [ "${shown[*]}" == "$1" ] || [ $SECONDS -ge $deadline ] && break
-        sleep 0.2
+shown_pages() {
+    local page shown=()
+    for page in "${pages[@]}"; do
+        [ "$(auto shown "$main" "$page")" == 1 ] && shown+=("$page")
     done
-    expect_eq "pages shown" "$1" "${shown[*]}"
+    echo "${shown[*]}"
 }
+expect_only_page() { wait_for "pages shown" "$1" shown_pages; }
 expect_only_page Frame2
 for entry in Image7:regF Image9:appF Image11:setFq cAbout:Frame2 Image9:appF cButton7:Frame2 Image5:intF; do
     auto click "$main" "${entry%%:*}" >/dev/null

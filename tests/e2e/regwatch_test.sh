@@ -42,24 +42,12 @@ restore_prefix() {
 }
 trap 'restore_prefix; cleanup' EXIT
 
-# Waits until a list's items read exactly as given, one per line.
-wait_items() {  # control, expected items
-    local deadline=$((SECONDS + 30)) got
-    while :; do
-        got=$(auto items "$main" "$1" | tr -d '\r')
-        [ "$got" == "$2" ] && return 0
-        [ $SECONDS -lt $deadline ] || fail "$1: expected [$(printf '%q' "$2")] got [$(printf '%q' "$got")]"
-        sleep 0.2
-    done
-}
-# Waits until the fake scanner has written `count` lines; prints them sorted.
+list_items() { auto items "$main" "$1" | tr -d '\r'; }
+wait_items() { wait_for "$1" "$2" list_items "$1"; }  # control, expected items, one per line
+# Waits until the fake scanners have started `count` times; prints their lines.
 scanned() {  # count
-    local deadline=$((SECONDS + 30))
-    until [ -f "$WORK/scans.log" ] && [ "$(wc -l <"$WORK/scans.log")" -ge "$1" ]; do
-        [ $SECONDS -lt $deadline ] || fail "the scanners were not started $1 times"
-        sleep 0.2
-    done
-    tr -d '\r' <"$WORK/scans.log" | LC_ALL=C sort
+    wait_until 30 "$1 scanner starts" scans_at_least "$1"
+    sorted_scans
 }
 
 reg_quiet add "$run" /v TarvelonE2EOld /d 'C:\old-tool.exe /q' /f || fail "cannot add a Run value"

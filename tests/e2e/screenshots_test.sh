@@ -51,11 +51,8 @@ auto wait-window "$main" >/dev/null
 shoot "$main" main-about
 auto click "$main" Image11 >/dev/null
 auto click "$main" cReports >/dev/null
-deadline=$((SECONDS + 20))
-until [ "$(auto tree "$main" TreeView2 | wc -l)" == 5 ]; do
-    [ $SECONDS -lt $deadline ] || fail "the reports' tree was not filled"
-    sleep 0.2
-done
+reports_listed() { [ "$(auto tree "$main" TreeView2 | wc -l)" == 5 ]; }
+wait_until 20 "the reports' tree" reports_listed
 auto tree-select "$main" TreeView2 '03-05-2006\7:30:00 AM' >/dev/null
 shoot "$main" main-options
 auto click "$main" cSettings >/dev/null
@@ -64,17 +61,12 @@ auto click "$main" cCancelSett >/dev/null
 auto click "$main" cButton2 >/dev/null
 shoot "$main" main-advanced  # before Compare Speeds, whose times differ from run to run
 auto click "$main" cViewReport >/dev/null
-until [ "$(auto shown "$main" repF)" == 1 ]; do
-    [ $SECONDS -lt $deadline ] || fail "the report did not open"
-    sleep 0.2
-done
+wait_shown "$main" repF
 shoot "$main" main-report
 auto click "$main" Image9 >/dev/null
 auto click "$main" ref >/dev/null
-until [[ $(auto caption "$main" lblCount) == *" open Windows." ]]; do
-    [ $SECONDS -lt $deadline ] || fail "AppWatch did not list the windows"
-    sleep 0.2
-done
+windows_counted() { [[ $(auto caption "$main" lblCount) == *" open Windows." ]]; }
+wait_until 20 "AppWatch's window count" windows_counted
 row=$(auto items "$main" lstOpenWindows | tr -d '\r' | grep -n ": $main\$" | head -1 | cut -d: -f1)
 auto choose "$main" lstOpenWindows "$((row - 1))" >/dev/null
 auto wait-caption "$main" txtTitle "$main" >/dev/null

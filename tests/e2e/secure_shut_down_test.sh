@@ -79,10 +79,8 @@ expect_eq "exit of a clean scheduled run" "0" "$(auto --timeout 120000 wait-exit
 printf 'more' >>"$changed_dll"
 start_program "$app" " /a"
 expect_eq "exit of a scheduled run with a finding" "0" "$(auto --timeout 120000 wait-exit "$PID")"
-deadline=$((SECONDS + 30))  # the scanner runs on after the program has ended
-until [ -s "$WORK/scans.log" ] || [ $SECONDS -ge $deadline ]; do sleep 0.2; done
 sys='C:\windows\system32\'
-expect_eq "the finding's scan" "$scanner /scan \"${sys}msacm32.dll\" " "$(tr -d '\r' <"$WORK/scans.log")"
+wait_for "the finding's scan" "$scanner /scan \"${sys}msacm32.dll\" " sorted_scans  # it runs on after the program
 expect_eq "the finding's report" \
     "Integrity Checker - These files were either New or Failed the Integrity Check,${sys}msacm32.dll" \
     "$(tr -d '\r' <"$app"/Data/Log/*.log)"

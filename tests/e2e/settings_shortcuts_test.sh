@@ -33,14 +33,7 @@ answer() {  # expected prompt, button
 }
 # The window may take a moment to come back from a message box: a page is
 # waited for, never assumed.
-wait_shown() {  # control
-    local deadline=$((SECONDS + 20))
-    until [ "$(auto shown "$main" "$1")" == 1 ]; do
-        [ $SECONDS -lt $deadline ] || fail "$1 is not shown"
-        sleep 0.2
-    done
-}
-open_page() { auto click "$main" "$1" >/dev/null; wait_shown "$2"; }  # button, the page it shows
+open_page() { auto click "$main" "$1" >/dev/null; wait_shown "$main" "$2"; }  # button, the page it shows
 save_page() { auto click "$main" "$1" >/dev/null; answer "$2" OK; }  # button, its message
 setting() { grep -a "^$1=" "$app/Data/Tarvelon.dat" | tr -d '\r'; }
 link_of() { auto link "$(windows_path "$1")" | tr -d '\r'; }
@@ -67,11 +60,8 @@ expect_eq "advanced settings" "advanced=262144,100,0" "$(setting advanced)"
 
 # Compare Speeds: three tests over the four buffer sizes on the program file.
 auto click "$main" cSpeeds >/dev/null
-deadline=$((SECONDS + 120))
-until [ "$(auto items "$main" List1 | wc -l)" == 18 ] && [ "$(auto caption "$main" cSpeeds)" == "Compare Speeds" ]; do
-    [ $SECONDS -lt $deadline ] || fail "Compare Speeds did not finish"
-    sleep 0.5
-done
+speeds_compared() { [ "$(auto items "$main" List1 | wc -l)" == 18 ] && [ "$(auto caption "$main" cSpeeds)" == "Compare Speeds" ]; }
+wait_until 120 "the end of Compare Speeds" speeds_compared
 size=$(stat -c %s "$app/TarvelonLow.exe")
 report=$(auto items "$main" List1 | tr -d '\r' | sed -E 's/: -?[0-9][0-9.E+-]* seconds/: T seconds/')
 expected=$(for t in 1 2 3; do

@@ -44,13 +44,6 @@ release() { for what in move down up; do auto mouse "$wizard" "$1" "$what" >/dev
 expect_page() { auto wait-caption "$wizard" title "$1" >/dev/null; }
 setting() { grep -a "^$1=" "$app/Data/Tarvelon.dat" | tr -d '\r'; }
 test_line() { printf '%s "%s\\Data\\Tarvelon.dat" "%s\\Data\\Integrity.dat"' "$1" "$(windows_path "$app")" "$(windows_path "$app")"; }
-wait_for_lines() {  # count
-    local deadline=$((SECONDS + 20))
-    until [ -f "$WORK/scans.log" ] && [ "$(wc -l <"$WORK/scans.log")" -ge "$1" ]; do
-        [ $SECONDS -lt $deadline ] || fail "the scanner test did not start the scanner"
-        sleep 0.2
-    done
-}
 
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
@@ -71,7 +64,7 @@ answer "Success!" OK
 auto wait-caption "$catalogue" Text2 "$scanner" >/dev/null  # written once "Success!" is answered
 auto click "$catalogue" Command2 >/dev/null
 answer "Tarvelon will now attempt to scan two files. If the Virus-Scanner you selected scans both files, then it is fully compatible with Tarvelon! If not, make sure you chose the correct EXE file in your anti-virus folder." OK
-wait_for_lines 1
+wait_until 20 "the scanner test's start" scans_at_least 1
 auto click "$catalogue" Command3 >/dev/null
 auto wait-no-window "$catalogue" >/dev/null
 auto wait-caption "$wizard" vpath "$scanner" >/dev/null
@@ -80,7 +73,7 @@ release Label1
 expect_page "Anti-Virus Setup (2/2)"
 auto click "$wizard" Command1 >/dev/null
 answer "Tarvelon will now attempt to scan two files. If the Virus-Scanner you selected scans both files, then it is fully compatible with Tarvelon! If not, make sure you chose the correct EXE file in your anti-virus folder." OK
-wait_for_lines 2
+wait_until 20 "the second scanner test's start" scans_at_least 2
 expect_eq "the two tests' command lines" "$(test_line "$scanner")"$'\n'"$(test_line "$scanner")" \
     "$(tr -d '\r' <"$WORK/scans.log")"
 
