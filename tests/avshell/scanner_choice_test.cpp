@@ -76,6 +76,36 @@ TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
     EXPECT_EQ(wizard().varg.caption(), "wizard's own");
 }
 
+// Each row, in its place, searches for its own program file by that exact name.
+TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
+    const std::vector<std::pair<std::string, std::string>> rows{
+        {"AVAST 4 (All Operating Systems)", "ashQuick.exe"},
+        {"AVAST32 (All Operating Systems)", "quick32.exe"},
+        {"AVG (All Operating Systems)", "avgse.exe"},
+        {"EZ Anti-Virus (All Operating Systems)", "vet98.exe"},
+        {"Fix-It Utilities (All OS)", "AVCmd.exe"},
+        {"F-Prot (All Operating Systems)", "fpcmd.exe"},
+        {"H+BDEV AntiVir (Personal Edition - All OS)", "avwin.exe"},
+        {"Kaspersky 3.0 (All Operating Systems)", "avp32.exe"},
+        {"McAfee 5.0 and earlier (All Operating Systems)", "scan32.exe"},
+        {"McAfee 6.0 (All Operating Systems)", "scanpm.exe"},
+        {"McAfee 6.02 and later (All Operating Systems)", "scan.exe"},
+        {"NOD32 (All Operating Systems)", "nod32.exe"},
+        {"Norton (2000/NT)", "navwnt.exe"},
+        {"Norton (Win95/98/ME/XP)", "navw32.exe"},
+        {"Panda 7.0 Platinum (All-OS)", "Pavcl.com"},
+        {"Sophos Anti Virus (All-OS)", "sweep.exe"},
+    };
+    ASSERT_EQ(catalogue().List1.items().size(), rows.size());
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        EXPECT_EQ(catalogue().List1.items()[row], rows[row].first);
+        catalogue().List1.userSetValue(static_cast<int>(row));
+        answer({box::Ok, box::Ok});  // the notice, then nothing found
+        catalogue().Command4.userClick();
+        EXPECT_EQ(os.shell.searches.back().second, rows[row].second) << rows[row].first;
+    }
+}
+
 TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {
     EXPECT_FALSE(catalogue().Command2.enabled());
     catalogue().Command4.userClick();  // nothing chosen: nothing at all

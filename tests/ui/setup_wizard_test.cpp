@@ -66,35 +66,62 @@ TEST_F(Wizard, OpensOnPageZeroWithTheSavedSettings) {
 TEST_F(Wizard, EachPageShowsItsTitleTextAndControls) {
     os.files.put("C:\\AV\\scan.exe", "MZ");
     open();
-    const std::vector<std::pair<const char*, std::vector<std::string>>> expected{
-        {"Anti-Virus Setup (1/2)", {"vpath", "locate", "varg", "helpme"}},
-        {"Anti-Virus Setup (2/2)", {"Command1"}},
-        {"Main Settings (1/3)", {"aload"}},
-        {"Main Settings (2/3)", {"Check1", "Check2", "Check3", "Check4", "Check5", "Check8"}},
-        {"Main Settings (3/3)", {"Check6"}},
-        {"Other Settings (1/2)", {"Check7"}},
-        {"Other Settings (2/2)", {"cButton1"}},
-        {"You're done!", {"Command2"}},
+    struct Page {
+        const char* title;
+        std::string description;
+        std::vector<std::string> controls;
     };
-    for (const auto& [title, controls] : expected) {
-        next();
-        EXPECT_EQ(form().title.caption(), title);
-        EXPECT_EQ(shownControls(), controls) << title;
+    const std::vector<Page> expected{
+        {"Welcome to the Setup Wizard",
+         "Just click the 'Next' button to continue.\r-If you make any mistakes, just click on the back button.\r"
+         "-Hit Cancel if you want to quit the setup without changing any settings.",
+         {}},
+        {"Anti-Virus Setup (1/2)",
+         "Step 1: Locate your main anti-virus software program.\r\r-If you aren't sure where to find it, click on "
+         "the 'Help Me' button.",
+         {"vpath", "locate", "varg", "helpme"}},
+        {"Anti-Virus Setup (2/2)",
+         "Step 2: Make sure it works!\r\r-Click the 'Test It!' button to make sure you selected the correct program.",
+         {"Command1"}},
+        {"Main Settings (1/3)",
+         "-The most powerful aspect of Tarvelon is the Integrity Checker and the auto-loading and auto-scanning "
+         "features.\r\r-This loads Tarvelon whenever a user logs into Windows, and performs a quick Integrity Check "
+         "of your system files. This will provide an early warning of potential threats and will allow the "
+         "elimination of malicious files before they cause serious damage.",
+         {"aload"}},
+        {"Main Settings (2/3)",
+         "-Please choose the types of files you would like to scan at startup.\r\r-We recommend scanning of at "
+         "least these files types:\rDRV,SYS,EXE,SCR and PIF files.",
+         {"Check1", "Check2", "Check3", "Check4", "Check5", "Check8"}},
+        {"Main Settings (3/3)",
+         "Auto-Scan:\r-If this option is enabled, then if any files fail the Integrity Check, they will be scanned "
+         "automatically (only applies if Tarvelon is loaded at Start Up of Windows).\r\n\r\n-If you enable this "
+         "option, then it is very highly recommended that you also enable the 'Logging' feature in Tarvelon (so "
+         "that files can be re-scanned after your Anti-Virus definition files are updated).",
+         {"Check6"}},
+        {"Other Settings (1/2)",
+         "Tarvelon's Logging Feature\r-If this option is enabled, then if any files fail the Integrity Check or if "
+         "any New or Modified Registry entries are scanned, they will be added to the log.  Users can pull up the "
+         "logs later on to see what files were scanned, and have the option to scan them again.  This feature is "
+         "useful to protect the user from not finding viruses or trojans due to older Virus Definition files.",
+         {"Check7"}},
+        {"Other Settings (2/2)",
+         "Tarvelon's 'Secure Shut Down' Feature\r\n-This button will create a shortcut on your Desktop that will "
+         "provide an alternative to shutting down your computer via the ShutDown button in Windows.\r\n-Using the "
+         "'Secure Shut Down' method will perform the same actions as the Auto-Load feature, as well as scanning the "
+         "registry and also your wininit.ini files for suspicious entries. Using this method of shutting down is "
+         "HIGHLY recommended.",
+         {"cButton1"}},
+    };
+    for (const Page& page : expected) {
+        EXPECT_EQ(form().title.caption(), page.title);
+        EXPECT_EQ(form().desc.caption(), page.description) << page.title;
+        EXPECT_EQ(shownControls(), page.controls) << page.title;
         EXPECT_EQ(form().Label4.visible(), pages().page() == 1);
-        if (pages().page() == 4) {
-            EXPECT_EQ(form().desc.caption(),
-                      "-Please choose the types of files you would like to scan at startup.\r\r-We recommend "
-                      "scanning of at least these files types:\rDRV,SYS,EXE,SCR and PIF files.");
-        }
-        if (pages().page() == 5) {
-            EXPECT_EQ(form().desc.caption().find("Auto-Scan:\r-If this option"), 0u);
-            EXPECT_NE(form().desc.caption().find("Windows).\r\n\r\n-If you enable"), std::string::npos);
-        }
-        if (pages().page() == 7) {
-            EXPECT_EQ(form().desc.caption().find("Tarvelon's 'Secure Shut Down' Feature\r\n-This button"), 0u);
-            EXPECT_NE(form().desc.caption().find("Windows.\r\n-Using"), std::string::npos);
-        }
+        next();
     }
+    EXPECT_EQ(form().title.caption(), "You're done!");
+    EXPECT_EQ(shownControls(), std::vector<std::string>{"Command2"});
     EXPECT_TRUE(os.boxes.shown.empty());
 }
 

@@ -1,6 +1,7 @@
 // The log browser over a real Data\Log\ folder: the tree, View Log and the
 // keys, names that are no reports, a folder named like one, a read-only
-// report, reports of 50 MiB and of nothing, and scans that start nothing.
+// report, reports of 50 MiB and of nothing, and the report's files handed to
+// the fake scanner, which records its command lines.
 #include <algorithm>
 
 #include "logging/log_browser.h"
@@ -64,6 +65,11 @@ TEST_F(LogFolder, OddNamesAFolderAndAReadOnlyReport) {
     load();
     EXPECT_EQ(tree(), (Texts{"03-05-2006", "03-05-2006\\3:04:07 PM", "03-06-2006", "03-06-2006\\3:04:07 PM",
                              "03-06-2006\\9:15:00 AM", "03-07-2006", "03-07-2006\\1:00:00 AM", "x", "x\\"}));
+    for (const ui::TreeNode& node : tree_.nodes()) {  // every date before its times
+        if (node.parent != ui::kNoNode) {
+            EXPECT_LT(node.parent, tree_.nodeIndex(node.key));
+        }
+    }
 
     boxes.answers = {box::Ok, box::Ok};
     open("03-07-2006\\1:00:00 AM");  // a folder is no report
@@ -126,11 +132,14 @@ TEST_F(LogFolder, DeleteThisReportAndTheKeysOfTheTree) {
                              "03-08-2006(.log"})
         report(name);
     open("03-05-2006\\1:00:00 AM");
-    boxes.answers = {box::No};
-    mainWindow.report.cDelLog.userClick();  // No keeps the report open
+    boxes.answers = {box::No, box::Yes};
+    mainWindow.report.cDelLog.userClick();
     EXPECT_TRUE(mainWindow.repF.visible());
-    ASSERT_TRUE(files.remove(path("Data\\Log\\03-05-2006(1_00_00AM).log")));
-    load();
+    mainWindow.report.cDelLog.userClick();
+    EXPECT_EQ(boxes.shown.back().prompt, "Are you sure you want to delete this Report?");
+    EXPECT_FALSE(there("03-05-2006(1_00_00AM).log"));
+    EXPECT_TRUE(mainWindow.setFq.visible());
+    EXPECT_EQ(tree_.nodes().size(), 6u);  // loaded again
 
     select("03-06-2006\\2:00:00 AM");
     report("03-07-2006(1_00_00AM).log");  // not in the tree yet
@@ -178,24 +187,53 @@ TEST_F(LogFolder, LargeReportsAndReportsOfNothing) {
     EXPECT_TRUE(mainWindow.repF.visible());
 }
 
-// The batches the scanners get are the reports scenario's; here the scans
-// that start nothing.
-TEST_F(LogFolder, ScannerThatCannotStartIsNamedAndAHeadingAloneStartsNothing) {
-    report("03-05-2006(3_04_07PM).log", "Heading,C:\\a.dll\r\n");
+TEST_F(LogFolder, ScanGivesTheFilesToTheFakeScannerInBatches) {
+    const std::string scanner = fakeScannerPath();
+    ASSERT_TRUE(files.canRead(scanner)) << scanner;
+    const auto scanners = [&](const std::string& first) {
+        writeFile("Data\\Tarvelon.dat", "[Tarvelon]\r\nantivirus=" + first + "\r\nav2=" + scanner + "| /second \r\n");
+    };
+    scanners(scanner + "|/first");
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", path("scans.log").c_str());
+    ctx.passCount = 2;
+    ctx.quoteChar = "\"";
+    report("03-05-2006(3_04_07PM).log", "Heading,C:\\a&b.dll,C:\\x%PATH%.exe,C:\\c.dll\r\n");
     report("03-05-2006(3_04_08PM).log", "Heading\r\n");
     open("03-05-2006\\3:04:07 PM");
-    // None named is no scanner either, and the report's files are never started themselves.
+    boxes.answers = {box::Ok};
+    mainWindow.report.cScnLog.userClick();
+    EXPECT_EQ(boxes.shown.at(0).prompt, "Anti-Virus program executed successfully!");
+
+    // The scanners run side by side: their lines come in any order.
+    const auto lines = [this] {
+        Texts found;
+        const std::string log = readFile("scans.log");
+        for (std::size_t from = 0, end; (end = log.find("\r\n", from)) != std::string::npos; from = end + 2)
+            found.push_back(log.substr(from, end - from));
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    for (const DWORD start = ::GetTickCount(); lines().size() < 4 && ::GetTickCount() - start < 20000;) ::Sleep(20);
+    const std::string first = "\"C:\\a&b.dll\" \"C:\\x%PATH%.exe\" ", second = "\"C:\\c.dll\" ";
+    Texts expected{scanner + " /first " + first, scanner + " /first " + second, scanner + " /second " + first,
+                   scanner + " /second " + second};
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(lines(), expected);
+
+    // A scanner that cannot start ends the scan with its path; none named is no
+    // scanner either, and the report's files are never started themselves.
+    const std::string failure = "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r";
     for (const std::string& first : {path("missing.exe") + "|/first", std::string()}) {
-        writeFile("Data\\Tarvelon.dat", "[Tarvelon]\r\nantivirus=" + first + "\r\nav2=|\r\n");
+        scanners(first);
         boxes.answers = {box::Ok};
         mainWindow.report.cScnLog.userClick();
-        EXPECT_EQ(boxes.shown.back().prompt, "Your Anti-Virus program could not be executed!!!\rPlease verify the path of "
-                                             "the software:\r" + first.substr(0, first.find('|')));
+        EXPECT_EQ(boxes.shown.back().prompt, failure + first.substr(0, first.find('|')));
     }
-    open("03-05-2006\\3:04:08 PM");  // no scanner, but no start is tried: success
+    open("03-05-2006\\3:04:08 PM");  // the heading alone: nothing starts, success all the same
     boxes.answers = {box::Ok};
     mainWindow.report.cScnLog.userClick();
     EXPECT_EQ(boxes.shown.back().prompt, "Anti-Virus program executed successfully!");
+    EXPECT_EQ(lines().size(), 4u);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "regwatch/reg_class.h"
@@ -27,6 +28,21 @@ protected:
     HKEY key = nullptr;
     RegClass reg{registry};
 };
+
+TEST_F(RegClassTest, ValuesFoldIntoTextByTheirType) {
+    put("text", REG_SZ, std::string("C:\\Orbexa\0", 10));
+    put("empty", REG_SZ, std::string(1, '\0'));
+    put("binary", REG_BINARY, "\x0A\x10\x99");
+    put("five", REG_BINARY, std::string("\x05\x1F\x00", 3));
+    put("number", REG_DWORD, std::string("\x01\x00\x00\x00", 4));
+    ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
+    EXPECT_EQ(reg.getValue("text"), "C:\\Orbexa");
+    EXPECT_EQ(reg.getValue("empty"), "");
+    EXPECT_EQ(reg.getValue("binary"), "A 10 ");  // the last byte is dropped
+    EXPECT_EQ(reg.getValue("five"), "05 1F ");
+    EXPECT_EQ(reg.getValue("number"), std::string("\x01\x00\x00\x00", 4) + std::string(252, ' '));
+    EXPECT_EQ(reg.getValue("missing"), "");
+}
 
 TEST_F(RegClassTest, ALargeValueEndsTheListingSilently) {
     put("a first", REG_SZ, std::string("x\0", 2));
@@ -60,7 +76,15 @@ TEST_F(RegClassTest, EverySizeOfEveryTypeReadsWholeOrNotAtAll) {
     }
 }
 
-TEST_F(RegClassTest, SubKeysAndValueNamesAreListedAndMissingKeysAnswerFalse) {
+TEST_F(RegClassTest, ThousandsOfValuesAreListedInOneGo) {
+    for (int i = 0; i < 3000; ++i) put("n" + std::to_string(10000 + i), REG_SZ, std::string("v\0", 2));
+    ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
+    const auto names = reg.getAllValues();
+    ASSERT_EQ(names.size(), 3000u);
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 3000u);
+}
+
+TEST_F(RegClassTest, SubKeysAndValueNamesAreListed) {
     HKEY child = nullptr;
     for (const char* name : {"Alpha", "Beta"}) {
         ::RegCreateKeyExA(key, name, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &child, nullptr);
@@ -77,16 +101,19 @@ TEST_F(RegClassTest, SubKeysAndValueNamesAreListedAndMissingKeysAnswerFalse) {
     EXPECT_EQ(names, (std::vector<std::string>{"Other", "Run me"}));
     EXPECT_FALSE(reg.deleteKey("Run me"));  // gone all the same
     EXPECT_EQ(reg.getAllValues(), (std::vector<std::string>{"Other"}));
-    EXPECT_EQ(reg.getValue("missing"), "");
     EXPECT_TRUE(reg.closeRegistry());
     EXPECT_EQ(reg.getValue("Other"), "");
+}
 
+TEST_F(RegClassTest, RootZeroAndMissingKeysAnswerFalse) {
     ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, subKey));
     EXPECT_FALSE(reg.openRegistry(0, "Software"));
     EXPECT_EQ(reg.registryRootKey(), hive::CurrentUser);
     EXPECT_EQ(reg.subDirectory(), subKey);
     EXPECT_FALSE(reg.openRegistry(hive::CurrentUser, subKey + "\\Nowhere"));
     EXPECT_EQ(reg.subDirectory(), subKey + "\\Nowhere");
+    RegClass fresh{registry};
+    EXPECT_FALSE(fresh.deleteKey("anything"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // test's folder, written and read by the system's profile calls.
 #include <algorithm>
 
+#include "regwatch/watched_locations.h"
 #include "tests/win/regwatch_fixture.h"
 
 namespace tv::test {
@@ -25,12 +26,28 @@ TEST_F(RegistryPassTest, FirstStartRecordsTheWatchedValuesAndTheNextPassWarnsOfN
     putText(HKEY_CURRENT_USER, kRunKey, "TvTest A=B", "C:\\Tools\\a.exe /min");
     pass.checkRegFile();
     const std::string recorded = snapshot();
+    std::size_t last = 0;
+    for (const WatchedLocation& location : kWatchedLocations) {
+        const std::size_t at = recorded.find("["s + location.section + "]\r\n");
+        ASSERT_NE(at, std::string::npos) << location.section;
+        EXPECT_GE(at, last) << location.section;
+        last = at;
+    }
     EXPECT_EQ(line("CU/R", "TvTest A-B"), "(C:\\Tools\\a.exe /min)");
+    EXPECT_EQ(warnings(), (std::vector<std::string>{"New and Modified Registry Entry Warnings", noWarnings[0]}));
     EXPECT_FALSE(page.cScnUpd.enabled());
     EXPECT_FALSE(ctx.regNew);
 
-    // The tree names the value as the registry does.
+    // The tree: three roots, seventeen locations, and the value under its location.
     const ui::Control& tree = page.TreeView1;
+    std::vector<std::string> locations;
+    for (std::size_t node = 0; node < tree.nodes().size(); ++node)
+        if (tree.nodes()[node].key[0] == '!') locations.push_back(tree.fullPath(node));
+    ASSERT_EQ(locations.size(), 17u);
+    EXPECT_EQ(locations[0], "HKEY_LOCAL_MACHINE\\Loaded in Run");
+    EXPECT_EQ(locations[5], "HKEY_LOCAL_MACHINE\\Spawned with EXE's");
+    EXPECT_EQ(locations[11], "HKEY_CURRENT_USER\\Loaded in RunOnce");
+    EXPECT_EQ(locations[16], "HKEY_CLASSES_ROOT\\Spawned with PIF's");
     const std::size_t value = tree.nodeIndex("#1 (C:\\Tools\\a.exe /min)");
     ASSERT_NE(value, ui::kNoNode);
     EXPECT_EQ(tree.fullPath(value), "HKEY_CURRENT_USER\\Loaded in Run\\TvTest A=B (C:\\Tools\\a.exe /min)");
@@ -178,7 +195,8 @@ TEST_F(RegistryPassTest, ASnapshotThatCannotBeReadMakesEveryValueNewAndIsLeftAsI
     const auto hasWarning = [&] {
         const auto rows = warnings();
         return std::any_of(rows.begin(), rows.end(), [&](const std::string& row) {
-            return row.starts_with("HKEY_CURRENT_USER|Loaded in ") && row.ends_with(expected);
+            return row.rfind("HKEY_CURRENT_USER|Loaded in ", 0) == 0 && row.size() > expected.size() &&
+                   row.compare(row.size() - expected.size(), expected.size(), expected) == 0;
         });
     };
     writeFile("Data\\Registry.dat", "");

@@ -30,6 +30,8 @@ TEST_F(RegWatchActionsTest, EnteringThePageDisablesItsActionsAndRefreshesNothing
     ui::MainActions frame(ctx, main, [] {});
     putText(HKEY_CURRENT_USER, kRunKey, "TvFoo", "C:\\foo.exe");
     main.Image7.userClick();
+    EXPECT_TRUE(main.regF.visible());
+    EXPECT_FALSE(main.Frame2.visible());
     EXPECT_FALSE(page.cScnUpd.enabled() || page.Command3.enabled() || page.Command11.enabled());
     EXPECT_EQ(warnings().size(), 2u);  // still the start-up pass's "no warnings"
     page.Command1.userClick();
@@ -44,6 +46,7 @@ TEST_F(RegWatchActionsTest, AChosenWarningGetsItsEndOnceAndNamesItsEntry) {
     const std::string row = "HKEY_CURRENT_USER|Loaded in \\TvFoo (C:\\foo.exe) New Entry!) ";
     EXPECT_EQ(warnings()[1], row);
     EXPECT_EQ(actions.selEntry(), "HKEY_CURRENT_USER|Loaded in ");
+    EXPECT_EQ(page.Text4.caption(), "TvFoo (C:\\foo.exe)");
     EXPECT_EQ(page.Label19.caption(), "TvFoo (C:\\foo.exe)");
     EXPECT_EQ(page.List5.toolTip(), row);
     EXPECT_TRUE(entryButtonsEnabled());
@@ -93,6 +96,8 @@ TEST_F(RegWatchActionsTest, DeleteKeyAsksThenRemovesTheValueAndShowsWhatIsLeft) 
               "WARNING!\r\nYou are about to Delete the key: TvDel\r\nFrom: "
               "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run\r\n"
               "Doing this may have unpredictable results!\r\n\r\nContinue?");
+    EXPECT_EQ(boxes.shown[0].title, kAppTitle);
+    EXPECT_EQ(boxes.shown[0].style, box::YesNo);
     EXPECT_TRUE(valueThere(HKEY_CURRENT_USER, kRunKey, "TvDel"));
 
     // The user's warning row names no key tail: the key it names has no such value.
@@ -196,6 +201,10 @@ TEST_F(RegWatchScanTest, ScanAndUpdateHandsEveryWarningInOneRunThenAcceptsAndRep
     EXPECT_EQ(warnings(), (std::vector<std::string>{kWarningsHeading, kNoWarnings}));
     EXPECT_FALSE(ctx.regNew);
     EXPECT_EQ(profiles.get("CU/R", "TvB", 250, ctx.regFile), "(tv-missing-bare.exe)");
+    EXPECT_EQ(reports(),
+              std::vector<std::string>{"Registry Action - Scan and Update Multiple Entries," + path("a.exe") + "\r\n"});
+    page.Command1.userClick();
+    EXPECT_EQ(warnings()[1], kNoWarnings);
 
     // A list of its heading alone: nothing is started and nothing accepted.
     const std::string recorded = snapshot();
@@ -231,6 +240,12 @@ TEST_F(PendingViewTest, WininitAndTheRenameValueAreListedAndScannedAsAPrecaution
                                             path("old.dll") + "\r\n"));
     pendingValue("\\??\\" + path("p.tmp") + "\0\0"s);
     page.cMod.userClick();
+    EXPECT_EQ(page.List6.items(),
+              (std::vector<std::string>{kPendingHeading, path("gone.tmp") + " {To be Deleted}",
+                                        path("old.dll") + " {To be Overwritten}", path("p.tmp")}));
+    EXPECT_FALSE(page.TreeView1.visible());
+    EXPECT_TRUE(page.List6.visible());
+    EXPECT_EQ(page.Command11.caption(), "Scan all Files for Viruses");
     EXPECT_TRUE(page.Command11.enabled());
     EXPECT_FALSE(page.Command3.enabled() || page.cScnUpd.enabled());
     page.List6.userSetValue(1);
@@ -246,6 +261,11 @@ TEST_F(PendingViewTest, WininitAndTheRenameValueAreListedAndScannedAsAPrecaution
     EXPECT_EQ(reports(), std::vector<std::string>{
                              "Precautionary Scan - These files were to be renamed/deleted/overwritten at startup," +
                              path("gone.tmp") + "," + path("old.dll") + "," + path("p.tmp") + "\r\n"});
+
+    page.Command1.userClick();
+    EXPECT_TRUE(page.TreeView1.visible());
+    EXPECT_FALSE(page.List6.visible());
+    EXPECT_EQ(page.Command11.caption(), "Scan File for Viruses");
 }
 
 TEST_F(PendingViewTest, NothingPendingIsSaidSoAndTheListKeepsItsHeading) {

@@ -1,16 +1,20 @@
 // Naming the scanners against the real system: the open-file dialog answered
-// as a user answers it, and the saves of the selection and of the Setup Wizard
-// compared byte for byte with what the system's profile writer makes. (The
-// catalogue's search and the scanner test run for real in the setup scenario.)
+// as a user answers it, the catalogue's search over real folders, the test
+// started as a real process, and the saves of the selection and of the Setup
+// Wizard compared byte for byte with what the system's profile writer makes.
 #include "platform/win32/win32_base.h"
 
 #include <ole2.h>
+#include <shellapi.h>
 
 #include <atomic>
 #include <thread>
 
+#include "avshell/scanner_catalogue.h"
+#include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
+#include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/settings_text.h"
 #include "tests/win/win_fixture.h"
@@ -27,17 +31,19 @@ using ui::Control;
 
 constexpr const char* kBoxTitle = "Choose Anti-Virus Executable File";
 
-// The real shell, but with a Startup folder of the test's own.
+// The real shell, but with a Startup folder of the test's own, and the drive's
+// root searched in a folder of the test's own: a search of the real C:\ walks
+// the whole prefix and more.
 struct TestShell final : Shell {
     win32::Win32Shell real;
-    std::string startup;
+    std::string startup, driveRoot;
     std::string systemDirectory(std::size_t n) const override { return real.systemDirectory(n); }
     std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
     std::string specialFolder(int csidl, std::size_t n) const override {
         return csidl == 24 ? startup : real.specialFolder(csidl, n);
     }
     std::string searchTree(const std::string& root, const std::string& name) const override {
-        return real.searchTree(root, name);
+        return real.searchTree(root == "C:\\" ? driveRoot : root, name);
     }
     std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
         return real.openFileDialog(o, t, f, n);
@@ -80,15 +86,53 @@ private:
     std::thread thread_;
 };
 
+// A folder of the test's own below the system's Program Files, removed afterwards.
+class ProgramFilesFolder {
+public:
+    explicit ProgramFilesFolder(const AppContext& ctx)
+        : path_(getSpecialFolder(ctx) + "tarvelon-test-" + std::to_string(::GetCurrentProcessId()) + "\\") {
+        ::CreateDirectoryA(path_.c_str(), nullptr);
+        ::CreateDirectoryA((path_ + "Eset\\").c_str(), nullptr);
+    }
+    ~ProgramFilesFolder() {
+        std::string from = path_.substr(0, path_.size() - 1) + '\0' + '\0';
+        SHFILEOPSTRUCTA remove{};
+        remove.wFunc = FO_DELETE;
+        remove.pFrom = from.c_str();
+        remove.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+        ::SHFileOperationA(&remove);
+    }
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+// The program's own process, except that a test may let its scanners start for real.
+struct TestProcesses final : Processes {
+    FixedProcesses fixed;
+    win32::Win32Processes real;
+    bool startReally = false;
+    std::string commandLine() const override { return fixed.commandLine(); }
+    std::string modulePath() const override { return fixed.modulePath(); }
+    bool start(const std::string& line, int style) override {
+        return startReally ? real.start(line, style) : fixed.start(line, style);
+    }
+    bool anotherInstanceRunning() const override { return false; }
+    std::string versionNumbers() const override { return fixed.versionNumbers(); }
+};
+
 class ScannerSetup : public WinTest {
 protected:
     ScannerSetup() {
         ::OleInitialize(nullptr);
         shell.startup = path("Startup");
+        shell.driveRoot = path("Drive\\");
         files.makeFolder(path("Startup"));
+        files.makeFolder(path("Drive"));
         files.makeFolder(path("Data"));
         writeFile("TarvelonLow.exe", "MZ");
-        processes.path = path("TarvelonLow.exe");
+        testProcesses.fixed.path = path("TarvelonLow.exe");
         ctx.appPath = path("");
         ctx.settFile = path("Data\\Tarvelon.dat");
         ctx.intFile = path("Data\\Integrity.dat");
@@ -119,7 +163,8 @@ protected:
     }
 
     TestShell shell;
-    ui::Application app{{files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power,
+    TestProcesses testProcesses;
+    ui::Application app{{files, profiles, shell, boxes, testProcesses, loop, renderer, registry, clock, windows, power,
                          shortcuts}};
     AppContext& ctx = app.context();
     ui::ScannerChoiceForm& choice = app.scannerChoice();
@@ -140,19 +185,25 @@ TEST_F(ScannerSetup, FilesChosenInTheBoxAreSavedAsTheProfileWriterWritesThem) {
     ASSERT_TRUE(files.writeAll(first, "MZ"));
     choose(choice.cChoose, first);
     EXPECT_EQ(choice.Text5.caption(), first);
+    EXPECT_EQ(choice.Text6.caption(), "/HEUR:3");
+    EXPECT_EQ(app.setupWizard().varg.caption(), "/HEUR:3");
     EXPECT_EQ(click(choice.cButton3, 1), std::vector<std::string>{"Save Success!"});
     EXPECT_EQ(settingsFile(), text = expected(text, {{"antivirus", first + "|/HEUR:3"}, {"av2", "|"}}));
 
     // The second scanner takes the arguments the first one's program calls for.
     writeFile("second.com", "MZ");
     choose(choice.cButton10, path("second.com"));
+    EXPECT_EQ(choice.Text1.caption(), path("second.com"));
+    EXPECT_EQ(choice.Text2.caption(), "/HEUR:3");
     click(choice.cButton3, 1);
     EXPECT_EQ(settingsFile(), text = expected(text, {{"antivirus", first + "|/HEUR:3"},
                                                      {"av2", path("second.com") + "|/HEUR:3"}}));
 
     // A cancelled box leaves everything as it was, without a word.
     choose(choice.cChoose, "");
+    choose(choice.cButton10, "");
     EXPECT_EQ(choice.Text5.caption(), first);
+    EXPECT_EQ(choice.Text1.caption(), path("second.com"));
 
     // Programs that have vanished since: the first becomes the placeholder
     // with a word, the second nothing without one.
@@ -164,6 +215,55 @@ TEST_F(ScannerSetup, FilesChosenInTheBoxAreSavedAsTheProfileWriterWritesThem) {
     EXPECT_EQ(choice.Text1.caption(), "");
 }
 
+TEST_F(ScannerSetup, SearchFindsTheScannerBelowProgramFilesAndTheTestStartsIt) {
+    const std::string fakescan = fakeScannerPath();
+    ASSERT_TRUE(files.canRead(fakescan)) << fakescan;
+    ProgramFilesFolder folder(ctx);
+    const std::string scanner = folder.path() + "Eset\\nod32.exe";
+    ASSERT_TRUE(files.copy(fakescan, scanner));
+    const std::string log = path("scans.log");
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", log.c_str());
+
+    choice.chlpFind.userClick();
+    ui::ScannerCatalogueForm& catalogue = app.scannerCatalogue();
+    catalogue.List1.userSetValue(11);
+    EXPECT_EQ(catalogue.List1.selectedText(), "NOD32 (All Operating Systems)");
+    EXPECT_EQ(click(catalogue.Command4, 2).back(), "Success!");
+    EXPECT_EQ(catalogue.Text2.caption(), scanner);
+
+    testProcesses.startReally = true;
+    EXPECT_EQ(click(catalogue.Command2, 1).size(), 1u);
+    const DWORD start = ::GetTickCount();
+    while (!files.length(log).value_or(0) && ::GetTickCount() - start < 20000) ::Sleep(20);
+    // The program part goes out unquoted, blank and all, and arrives so.
+    EXPECT_EQ(readFile("scans.log"), scanner + " \"" + ctx.settFile + "\" \"" + ctx.intFile + "\"\r\n");
+
+    catalogue.Command3.userClick();
+    EXPECT_EQ(choice.Text5.caption(), scanner);
+    EXPECT_EQ(choice.Text6.caption(), " ");
+    EXPECT_EQ(app.setupWizard().vpath.caption(), scanner);
+}
+
+TEST_F(ScannerSetup, SearchGoesOnBelowTheDriveAndTakesNoFolderForTheProgram) {
+    files.makeFolder(path("Drive\\Tools"));
+    files.makeFolder(path("Drive\\Tools\\Sophos"));
+    writeFile("Drive\\Tools\\Sophos\\sweep.exe", "MZ");
+    files.makeFolder(path("Drive\\vet98.exe"));
+    choice.chlpFind.userClick();
+    ui::ScannerCatalogueForm& catalogue = app.scannerCatalogue();
+
+    catalogue.List1.userSetValue(15);
+    click(catalogue.Command4, 2);
+    EXPECT_EQ(catalogue.Text2.caption(), path("Drive\\Tools\\Sophos\\sweep.exe"));
+
+    catalogue.List1.userSetValue(3);
+    EXPECT_EQ(click(catalogue.Command4, 2).back(),
+              "The default executable for this program was not found! Make sure you selected the correct anti-virus "
+              "program, and the correct operating system.");
+    EXPECT_EQ(catalogue.Text2.caption(), "");
+    EXPECT_FALSE(catalogue.Command2.enabled());
+}
+
 TEST_F(ScannerSetup, WizardSavesTheSettingsTheScannerAndAutoLoad) {
     std::string text = settingsFile();
     files.makeFolder(path("Scan Tools"));
@@ -171,6 +271,7 @@ TEST_F(ScannerSetup, WizardSavesTheSettingsTheScannerAndAutoLoad) {
     app.mainForm().options.cSetW.userClick();
     ui::SetupWizardForm& wizard = app.setupWizard();
     ASSERT_TRUE(wizard.visible());
+    EXPECT_EQ(wizard.vpath.caption(), "Anti-Virus Path");  // a new file names no scanner
     wizard.vpath.userEditText(path("Scan Tools\\avgse.exe"));
     wizard.varg.userEditText("/all");
     wizard.aload.userSetValue(1);
@@ -182,10 +283,13 @@ TEST_F(ScannerSetup, WizardSavesTheSettingsTheScannerAndAutoLoad) {
     EXPECT_TRUE(readFile("Startup\\Tarvelon.lnk").starts_with(std::string("L\0\0\0", 4)));
     EXPECT_TRUE(ctx.autoScanFailed);
 
-    // Auto-Load kept on leaves a file in the shortcut's place as it is; a
-    // vanished scanner becomes the placeholder.
+    // Opened again it shows what was saved. Auto-Load kept on leaves a file in
+    // the shortcut's place as it is; a vanished scanner becomes the placeholder.
     writeFile("Startup\\Tarvelon.lnk", "kept");
     app.mainForm().options.cSetW.userClick();
+    EXPECT_EQ(wizard.aload.value(), 1);
+    EXPECT_EQ(wizard.Check8.value(), 1);
+    EXPECT_EQ(wizard.varg.caption(), "/all");
     ASSERT_TRUE(files.remove(path("Scan Tools\\avgse.exe")));
     ASSERT_TRUE(files.remove(ctx.settFile));  // made anew before the writes
     EXPECT_EQ(click(wizard.Command2, 2), (std::vector<std::string>{ui::kNoScannerMessage, "Settings Saved Successfully!"}));
