@@ -4,7 +4,8 @@
 // why on standard error.
 //
 //   tarvauto start "<command line>"          start it as typed; prints the process id
-//   tarvauto wait-exit <pid>                 wait for the process to end; prints its exit code
+//   tarvauto wait-exit <pid> [<title>]       wait for the process to end; prints its exit code
+//                                            (with a title: fails as soon as the process shows such a window)
 //   tarvauto wait-window <title>             wait for a visible top-level window
 //   tarvauto wait-no-window <title>          wait until no visible window has that title
 //   tarvauto box-text <title>                the prompt of a message box
@@ -398,13 +399,32 @@ int start(const std::string& commandLine) {
     return 0;
 }
 
-int waitExit(DWORD pid) {
+// Whether a process shows a top-level window with that title.
+bool showsWindow(DWORD pid, const std::string& title) {
+    for (HWND hwnd : topLevelWindows()) {
+        DWORD owner = 0;
+        ::GetWindowThreadProcessId(hwnd, &owner);
+        if (owner == pid && windowText(hwnd) == title) return true;
+    }
+    return false;
+}
+
+int waitExit(DWORD pid, const std::string& neverShown) {
     HANDLE process = ::OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, pid);
     if (!process) {
         std::printf("gone\n");  // already ended and reaped
         return 0;
     }
-    const DWORD waited = ::WaitForSingleObject(process, g_timeoutMs);
+    const DWORD start = ::GetTickCount();
+    DWORD waited = WAIT_TIMEOUT;
+    while (waited == WAIT_TIMEOUT && ::GetTickCount() - start <= g_timeoutMs) {
+        if (!neverShown.empty() && showsWindow(pid, neverShown)) {
+            std::fprintf(stderr, "tarvauto: process %lu shows \"%s\"\n", pid, neverShown.c_str());
+            ::CloseHandle(process);
+            return fail();
+        }
+        waited = ::WaitForSingleObject(process, neverShown.empty() ? g_timeoutMs : 20);
+    }
     DWORD code = 0;
     ::GetExitCodeProcess(process, &code);
     ::CloseHandle(process);
@@ -452,7 +472,7 @@ int run(int argc, char** argv) {
     auto arg = [&](std::size_t i) { return i < args.size() ? args[i] : std::string(); };
 
     if (command == "start") return start(arg(1));
-    if (command == "wait-exit") return waitExit(std::strtoul(arg(1).c_str(), nullptr, 10));
+    if (command == "wait-exit") return waitExit(std::strtoul(arg(1).c_str(), nullptr, 10), arg(2));
     if (command == "kill") {
         HANDLE process = ::OpenProcess(PROCESS_TERMINATE, FALSE, std::strtoul(arg(1).c_str(), nullptr, 10));
         if (process) {

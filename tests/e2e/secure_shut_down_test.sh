@@ -72,13 +72,15 @@ expect_eq "exit after Cancel Shutdown" "0" "$(auto wait-exit "$PID")"
 rm -f "$wininit" "$app"/Data/Log/*.log "$WORK/scans.log"
 
 start_program "$app" " /a"
-expect_eq "exit of a clean scheduled run" "0" "$(auto --timeout 120000 wait-exit "$PID")"
+expect_eq "exit of a clean scheduled run, the main window never shown" "0" \
+    "$(auto --timeout 120000 wait-exit "$PID" "Welcome to Tarvelon")"
 [ ! -e "$WORK/scans.log" ] || fail "a clean scheduled run started a scanner"
 [ -z "$(ls "$app/Data/Log")" ] || fail "a clean scheduled run wrote a report"
 
 printf 'more' >>"$changed_dll"
 start_program "$app" " /a"
-expect_eq "exit of a scheduled run with a finding" "0" "$(auto --timeout 120000 wait-exit "$PID")"
+expect_eq "exit of a scheduled run with a finding, the main window never shown" "0" \
+    "$(auto --timeout 120000 wait-exit "$PID" "Welcome to Tarvelon")"
 sys='C:\windows\system32\'
 wait_for "the finding's scan" "$scanner /scan \"${sys}msacm32.dll\" " sorted_scans  # it runs on after the program
 expect_eq "the finding's report" \
