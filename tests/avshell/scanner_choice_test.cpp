@@ -104,6 +104,17 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
         catalogue().Command4.userClick();
         EXPECT_EQ(os.shell.searches.back().second, rows[row].second) << rows[row].first;
     }
+
+    // A system that names no Program Files folder: its empty answer becomes
+    // "\" (the current drive's root), the one answer the fallback does not mend.
+    using Search = std::pair<std::string, std::string>;
+    for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
+        os.shell.special[38] = answer38;
+        os.shell.searches.clear();
+        answer({box::Ok, box::Ok});
+        catalogue().Command4.userClick();
+        EXPECT_EQ(os.shell.searches, (std::vector<Search>{{root, "sweep.exe"}, {"C:\\", "sweep.exe"}})) << answer38;
+    }
 }
 
 TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {
