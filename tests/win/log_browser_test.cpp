@@ -149,6 +149,11 @@ TEST_F(LogFolder, DeleteThisReportAndTheKeysOfTheTree) {
     EXPECT_EQ(tree_.nodes().size(), 6u);  // No leaves the tree alone
     tree_.userKeyDown('A');               // any other key loads it again
     EXPECT_EQ(tree_.nodes().size(), 8u);
+    select("03-07-2006\\1:00:00 AM");
+    boxes.answers = {box::Yes};
+    tree_.userKeyDown(ui::key::Delete);  // Yes: that report goes, and its date with it
+    EXPECT_FALSE(there("03-07-2006(1_00_00AM).log"));
+    EXPECT_EQ(tree_.nodes().size(), 6u);
     select("03-08-2006\\");
     tree_.userKeyDown(ui::key::Delete);  // a node without text takes no keys: no question
     EXPECT_TRUE(there("03-08-2006(.log"));
@@ -167,8 +172,7 @@ TEST_F(LogFolder, DeleteThisReportAndTheKeysOfTheTree) {
     EXPECT_EQ(boxes.shown.back().prompt, "Delete All Logs on this (03-05-2006) Date?");
     EXPECT_FALSE(there("03-05-2006(3_00_00AM).log"));
     EXPECT_TRUE(there("03-06-2006(2_00_00AM).log"));
-    EXPECT_EQ(tree(), (Texts{"03-06-2006", "03-06-2006\\2:00:00 AM", "03-07-2006", "03-07-2006\\1:00:00 AM",
-                             "03-08-2006", "03-08-2006\\"}));
+    EXPECT_EQ(tree(), (Texts{"03-06-2006", "03-06-2006\\2:00:00 AM", "03-08-2006", "03-08-2006\\"}));
 }
 
 TEST_F(LogFolder, LargeReportsAndReportsOfNothing) {
