@@ -1,6 +1,13 @@
 # The Wine session of the benchmarks: a virtual screen and the prefix
 # build/wine-bench, its Wine server on core 0 beside everything measured.
 # Sourced after tools/wine-session.sh; bench_session_start ROOT, stopped at exit.
+# Results go to build/bench, generated inputs to build/bench/data, and every
+# measured command runs pinned to core 0.
+out=build/bench
+data=$out/data
+mkdir -p "$data"
+pin=(taskset -c 0)
+
 bench_session_start() {
     start_virtual_display
     wine_session_start "$1/build/wine-bench"

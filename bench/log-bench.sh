@@ -15,12 +15,8 @@ cd "$root"
 source tools/wine-session.sh
 source bench/bench-session.sh
 
-out=build/bench
-data=$out/data
-mkdir -p "$data"
 results=$out/log-results.md
 runs=${BENCH_RUNS:-15}
-pin=(taskset -c 0)
 
 echo "== building the log browser benchmark"
 { cmake --preset win64 && cmake --build --preset win64 -j "$(nproc)" --target log_bench; } >"$out/log-build.log" 2>&1
