@@ -10,7 +10,7 @@ DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 
 BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3
 
-.PHONY: run test bench build release deps clean
+.PHONY: run test bench build release stats deps clean
 
 run: deps
 	@tools/run-program.sh
@@ -26,6 +26,10 @@ bench: deps
 # Installers and the portable archive: build/release/
 release: deps
 	@tools/make-release.sh
+
+# Lines of program and tests, and the tests' share of the program
+stats:
+	@tools/code-stats.sh
 
 build: deps
 	@for preset in native win64 win32; do \
