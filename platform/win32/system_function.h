@@ -4,17 +4,25 @@
 // system has none.
 #pragma once
 
+#include <string>
+
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
 
 // The function `name` of the system DLL `dll`, or nullptr when this system has
-// none. A DLL the program does not load anyway is loaded, from the system
-// folder, and kept for the rest of the run.
+// none. A DLL the program has not loaded yet is loaded by its full path in the
+// system folder, never from wherever a search would find one, and kept for
+// the rest of the run.
 template <class Function>
 Function systemFunction(const char* dll, const char* name) {
     HMODULE module = ::GetModuleHandleA(dll);
-    if (!module) module = ::LoadLibraryA(dll);
+    if (!module) {
+        char folder[MAX_PATH] = {};
+        const UINT length = ::GetSystemDirectoryA(folder, MAX_PATH);
+        if (length == 0 || length >= MAX_PATH) return nullptr;
+        module = ::LoadLibraryA((std::string(folder) + "\\" + dll).c_str());
+    }
     return module ? reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(module, name))) : nullptr;
 }
 
