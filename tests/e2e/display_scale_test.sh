@@ -3,9 +3,9 @@
 # at each, every window's captions are measured against their controls
 # (display_scale_tests, one start per scale), and at 150% the real program's
 # main window opens at one and a half times its design, as the README shows
-# it; the setup programs declare themselves DPI aware. Wine reads the scale (LogPixels) when its server starts, so the server
-# is started anew for each scale, on a screen where the windows fit at 200%,
-# and for 96 DPI on the usual screen at the end.
+# it; the setup programs declare themselves DPI aware. Wine reads the scale
+# (LogPixels) when its server starts: the server starts anew for each scale,
+# on a screen where the windows fit at 200%, and at 96 DPI again at the end.
 source "$(dirname "$0")/lib.sh"
 source "$(dirname "$0")/../../tools/wine-session.sh"
 : "${DISPLAY_SCALE_TESTS:?} ${SCREENSHOTS:?}"
@@ -14,7 +14,7 @@ usual_display=$DISPLAY
 use_scale() {  # dots per inch
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f >/dev/null 2>&1
     wineserver -k
-    wineserver -p
+    wineserver -p >/dev/null 2>&1  # the server stays: it must hold no output of the test open
     wine cmd /c exit >/dev/null 2>&1  # Wine's services, started here, keep no test's output open
 }
 back_to_usual() {
@@ -41,7 +41,6 @@ for dpi in 96 120 144 192; do
     auto click "$main" cButton9 >/dev/null
     auto wait-exit "$PID" >/dev/null
 done
-# The setup program declares itself DPI aware, so the system draws it sharp too.
 for setup in "${RELEASE:-}"/Tarvelon-*-setup-*.exe; do
     [ ! -f "$setup" ] || grep -aq '<dpiAware[^>]*>true</dpiAware>' "$setup" || fail "$setup is not DPI aware"
 done
