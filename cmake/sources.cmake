@@ -88,6 +88,7 @@ set(TARVELON_CORE_SOURCES
 
 set(TARVELON_WIN32_SOURCES
   platform/win32/control_paint.cpp
+  platform/win32/display_scale.cpp
   platform/win32/dll_search.cpp
   platform/win32/win32_clock.cpp
   platform/win32/flat_controls.cpp

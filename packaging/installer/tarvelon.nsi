@@ -24,6 +24,8 @@ Name "${PRODUCT} ${VERSION}"
 OutFile "${OUTFILE}"
 InstallDir "${PROGRAMS_FOLDER}\${PRODUCT}"
 RequestExecutionLevel admin
+; Sharp text at any display scale: the setup's pages follow the system's scale.
+ManifestDPIAware true
 SetCompressor /SOLID lzma
 ShowInstDetails show
 ShowUninstDetails show
