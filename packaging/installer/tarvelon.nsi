@@ -360,15 +360,19 @@ Function un.RemoveOwnShortcut
   Push $R1
   Push $R2
   Push $R3
+  Push $R4
   IfFileExists $R0 0 done
+  StrCpy $R4 "$INSTDIR\TarvelonLow.exe"
   System::Call "ole32::CoCreateInstance(g '{00021401-0000-0000-C000-000000000046}', p 0, i 1, g '{000214F9-0000-0000-C000-000000000046}', *p .R1) i .R3"
   IntCmp $R3 0 0 done done
   System::Call "$R1->0(g '{0000010b-0000-0000-C000-000000000046}', *p .R2) i .R3"
   ${If} $R3 == 0
     System::Call "$R2->5(w R0, i 0) i .R3"
     ${If} $R3 == 0
-      System::Call "$R1->3(w .R3, i ${NSIS_MAX_STRLEN}, p 0, i 0)"
-      ${If} $R3 == "$INSTDIR\TarvelonLow.exe"
+      ; The path as stored (SLGP_RAWPATH): resolved, the 32-bit uninstaller
+      ; would be shown the 64-bit Program Files as the 32-bit one.
+      System::Call "$R1->3(w .R3, i ${NSIS_MAX_STRLEN}, p 0, i 4)"
+      ${If} $R3 == $R4
         Delete $R0
         DetailPrint "Removed $R0"
       ${EndIf}
@@ -377,6 +381,7 @@ Function un.RemoveOwnShortcut
   ${EndIf}
   System::Call "$R1->2()"
   done:
+  Pop $R4
   Pop $R3
   Pop $R2
   Pop $R1
