@@ -28,7 +28,7 @@ has_release_files() {  # folder, objdump format of its program
         grep -q 'winpthreads' "$1/NOTICES.txt" || fail "$1: the runtime notices"
 }
 declare -A format=([x64]=pei-x86-64 [x86]=pei-i386)
-unzip -q "$RELEASE/Tarvelon-$version-portable.zip" -d "$WORK/zip" || fail "the portable archive cannot be read"
+7zz x -o"$WORK/zip" "$RELEASE/Tarvelon-$version-portable.zip" >/dev/null || fail "the portable archive cannot be read"
 [ -f "$WORK/zip/Tarvelon-$version/README.txt" ] || fail "the portable archive lacks README.txt"
 for arch in x64 x86; do
     setup=$RELEASE/Tarvelon-$version-setup-$arch.exe

@@ -15,6 +15,7 @@ namespace {
 constexpr const char* kOwn = "C:\\Users\\Ann\\Startup\\Tarvelon.lnk";
 constexpr const char* kAll = "C:\\ProgramData\\Startup\\Tarvelon.lnk";
 constexpr const char* kProgram = "C:\\Program Files\\Tarvelon\\TarvelonLow.exe";
+const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
 // The machine's list of installed programs with one setup's entry, which only
 // an administrator may open with all access.
@@ -23,12 +24,9 @@ public:
     std::string name, folder;
     bool administrator = true;
     long openKey(std::uint32_t root, const std::string& subKey, Key& key) override {
-        key = 0;
-        if (root != hive::LocalMachine || subKey != "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\" + name)
-            return 2;
-        if (!administrator) return 5;
-        key = 7;
-        return 0;
+        const bool found = root == hive::LocalMachine && subKey == kUninstall + name;
+        key = found && administrator ? 7 : 0;
+        return key ? 0 : found ? 5 : 2;
     }
     long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&,
                     std::uint32_t&) override {
@@ -49,8 +47,6 @@ protected:
         os.processes.path = kProgram;
         os.shell.special[kUserStartupFolder] = "C:\\Users\\Ann\\Startup";
         os.shell.special[kCommonStartupFolder] = "C:\\ProgramData\\Startup";
-        os.files.folders.insert({"C:\\USERS", "C:\\USERS\\ANN", "C:\\USERS\\ANN\\STARTUP", "C:\\PROGRAMDATA",
-                                 "C:\\PROGRAMDATA\\STARTUP"});
     }
     test::FakePlatform os;
     SetupEntry entry;
