@@ -17,6 +17,7 @@ set(TARVELON_CORE_SOURCES
   core/settings_text.cpp
   core/text.cpp
   core/vb_number.cpp
+  core/write_failures.cpp
   custom/custom_folder_form.cpp
   custom/custom_folder_manager.cpp
   custom/custom_slots.cpp

@@ -41,6 +41,11 @@ add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/help.stamp
   COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/help.stamp
   DEPENDS ${TARVELON_HELP_PAGES})
 add_custom_target(help_pages ALL DEPENDS ${CMAKE_BINARY_DIR}/help.stamp)
+# The licence, the runtime's notices and the release notes, beside the program
+# as well, where the help links to them.
+foreach(text LICENSE.txt packaging/NOTICES.txt CHANGELOG.md)
+  configure_file(${PROJECT_SOURCE_DIR}/${text} ${CMAKE_BINARY_DIR} COPYONLY)
+endforeach()
 
 if(TARVELON_TESTS)
   add_subdirectory(tools)

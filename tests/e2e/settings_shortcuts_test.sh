@@ -10,7 +10,7 @@ source "$(dirname "$0")/lib.sh"
 
 main="Welcome to Tarvelon"
 system=$WINEPREFIX/drive_c/windows/system32
-startup="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/StartUp"
+startup="$WINEPREFIX/drive_c/users/$(id -un)/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/StartUp"  # the user's own
 # The prefix's Desktop may be the Unix home folder: only what this test makes there goes.
 desktop=$(readlink -f "$WINEPREFIX/drive_c/users/$(id -un)/Desktop")
 remove_shortcuts() { rm -f "$startup/Tarvelon.lnk" "$desktop/SecureShutDown.lnk"; }

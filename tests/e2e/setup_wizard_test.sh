@@ -14,7 +14,7 @@ main="Welcome to Tarvelon"
 wizard="Tarvelon - Setup Wizard"
 catalogue="Anti-Virus Shell Help"
 selection="Anti-Virus/Trojan Selection Screen"
-startup="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/StartUp"
+startup="$WINEPREFIX/drive_c/users/$(id -un)/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/StartUp"  # the user's own
 program_files="$WINEPREFIX/drive_c/Program Files"
 av_folder="$program_files/tarvelon-e2e-wizard"
 cleanup_outside() { rm -f "$startup/Tarvelon.lnk"; rm -rf "$av_folder"; }

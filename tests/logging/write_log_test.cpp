@@ -57,10 +57,12 @@ TEST_F(WriteLog, GateKeepsBackListsWithoutFilesAndHonoursAutoLogging) {
     EXPECT_EQ(*log(), "Heading,\r\n");
 }
 
-TEST_F(WriteLog, MissingLogFolderIsAFailureForTheCaller) {
+TEST_F(WriteLog, MissingLogFolderIsAFailureTheUserIsToldOf) {
     os.files.folders.erase("C:\\T\\DATA\\LOG");
     std::string list = "Heading,C:\\A.DLL ";
+    os.boxes.answers = {box::Ok};
     EXPECT_EQ(writeLog(ctx, list), LogOutcome::Failed);
+    EXPECT_TRUE(os.boxes.shown.at(0).prompt.starts_with("Tarvelon could not write\r\nC:\\T\\Data\\Log\\"));
 }
 
 }  // namespace

@@ -23,6 +23,7 @@
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
 #include "ui/setup_wizard_form.h"
+#include "ui/startup_folder.h"
 
 namespace tv::test {
 namespace {
@@ -40,7 +41,9 @@ struct TestShell final : Shell {
     std::string systemDirectory(std::size_t n) const override { return real.systemDirectory(n); }
     std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
     std::string specialFolder(int csidl, std::size_t n) const override {
-        return csidl == 24 ? startup : real.specialFolder(csidl, n);
+        if (csidl == kUserStartupFolder || csidl == kCommonStartupFolder)
+            return csidl == kUserStartupFolder ? startup : std::string();
+        return real.specialFolder(csidl, n);
     }
     std::string searchTree(const std::string& root, const std::string& name) const override {
         return real.searchTree(root == "C:\\" ? driveRoot : root, name);

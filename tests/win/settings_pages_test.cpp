@@ -13,12 +13,18 @@
 #include "ui/main_window.h"
 #include "ui/settings_actions.h"
 #include "ui/shortcut_maker.h"
+#include "ui/startup_folder.h"
 
 namespace tv::test {
 namespace {
 
 using namespace std::string_literals;
 using ui::Control;
+
+constexpr const char* kNotWritten =
+    "\r\n\r\nThe check at log-on will not start from it. A shortcut in the Startup folder of all users may be "
+    "changed by an administrator only; otherwise try again with \"Use Windows Scripting Host\" on the Advanced "
+    "Settings page.";
 
 // The scripting host's name taken from the machine's registry for the time
 // of a test, and given back afterwards.
@@ -45,7 +51,7 @@ class SettingsPages : public WinTest {
 protected:
     SettingsPages() {
         ::OleInitialize(nullptr);
-        startupShell.special[24] = path("Startup");
+        startupShell.special[kUserStartupFolder] = path("Startup");
         files.makeFolder(path("Startup"));
         files.makeFolder(path("Data"));
         writeFile("TarvelonLow.exe", "MZ");
@@ -107,36 +113,40 @@ TEST_F(SettingsPages, SaveWritesBothListsAndTheShortcutIsTheAutoLoadSetting) {
     EXPECT_EQ(page.Check1.value(), 0);
 }
 
-TEST_F(SettingsPages, ShortcutThatCannotBeMadeOrRemovedIsPassedOverInSilence) {
+// The settings are saved all the same; the message names the shortcut instead
+// of claiming success.
+TEST_F(SettingsPages, ShortcutThatCannotBeMadeOrRemovedIsReported) {
     const std::string fresh = settingsFile();
     window.options.cSettings.userClick();
     page.Check1.userSetValue(1);
-    startupShell.special[24] = path("Gone");
-    save(page.cSave, "Settings Saved Successfully");
+    startupShell.special[kUserStartupFolder] = path("Gone");
+    save(page.cSave, ("Tarvelon could not write the Auto-Load shortcut\r\n" + path("Gone\\Tarvelon.lnk") + kNotWritten).c_str());
     EXPECT_EQ(settingsFile(), expected(fresh, {{"settings", "0,0,0,0,0,0,0,0"}, {"settings2", "0,0,0,0,0,0"}}));
     window.options.cSettings.userClick();
     EXPECT_EQ(page.Check1.value(), 0);
 
     // A read-only shortcut stays as it is, whether the box is ticked or not.
-    startupShell.special[24] = path("Startup");
+    startupShell.special[kUserStartupFolder] = path("Startup");
     writeFile("Startup\\Tarvelon.lnk", "kept");
     ::SetFileAttributesA(link().c_str(), FILE_ATTRIBUTE_READONLY);
     page.Check1.userSetValue(1);
-    save(page.cSave, "Settings Saved Successfully");
+    save(page.cSave, ("Tarvelon could not write the Auto-Load shortcut\r\n" + link() + kNotWritten).c_str());
     page.Check1.userSetValue(0);
-    save(page.cSave, "Settings Saved Successfully");
+    save(page.cSave, ("Tarvelon could not remove the Auto-Load shortcut\r\n" + link() +
+                      "\r\n\r\nThe check will still run at log-on. A shortcut in the Startup folder of all users may "
+                      "be removed by an administrator only.").c_str());
     EXPECT_EQ(readFile("Startup\\Tarvelon.lnk"), "kept");
     ::SetFileAttributesA(link().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(SettingsPages, ScriptingHostThatIsMissingStillSaysSaved) {
+TEST_F(SettingsPages, ScriptingHostThatIsMissingIsReported) {
     ScriptingHostMissing missing;
     ASSERT_TRUE(missing.wasThere());
     EXPECT_FALSE(makeShortcutWsh(ctx, path("Scan.lnk"), "SecureShutDown", path("TarvelonLow.exe"), "/s"));
     window.options.cSettings.userClick();
     ctx.useWsh = 1;  // as the advanced page leaves it
     page.Check1.userSetValue(1);
-    save(page.cSave, "Settings Saved Successfully");
+    save(page.cSave, ("Tarvelon could not write the Auto-Load shortcut\r\n" + link() + kNotWritten).c_str());
     EXPECT_FALSE(files.canRead(link()));
     window.options.cSettings.userClick();
     EXPECT_EQ(page.Check1.value(), 0);
