@@ -52,6 +52,8 @@ set(TARVELON_CORE_SOURCES
   logging/log_names.cpp
   logging/report_fields.cpp
   logging/write_log.cpp
+  regwatch/autostart_files.cpp
+  regwatch/autostart_groups.cpp
   regwatch/file_path_cut.cpp
   regwatch/pending_boot.cpp
   regwatch/reg_class.cpp
@@ -59,6 +61,8 @@ set(TARVELON_CORE_SOURCES
   regwatch/registry_text.cpp
   regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  regwatch/task_definitions.cpp
+  regwatch/value_entries.cpp
   platform/command_program.cpp
   regwatch/watched_locations.cpp
   shutdown/logoff_dialog.cpp

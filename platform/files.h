@@ -79,6 +79,16 @@ public:
 
     // Length in bytes, nullopt when the file cannot be found.
     virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;
+
+    // UTF-16 text, as some files hold it, spelled in the code page of the
+    // paths; a character the code page has no letter for becomes what the
+    // system makes of it (mostly "?"). This portable form keeps ASCII only;
+    // the system's own files override it.
+    virtual std::string codePageText(std::u16string_view units) const {
+        std::string text;
+        for (const char16_t unit : units) text += unit < 0x80 ? static_cast<char>(unit) : '?';
+        return text;
+    }
 };
 
 }  // namespace tv

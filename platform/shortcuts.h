@@ -1,7 +1,7 @@
 // Shortcut files, made in the system's two ways: through its shell-link object,
-// and through the scripting host's "WScript.Shell". Each reports success only
-// when the file was saved; a failed call leaves no half-made file it could
-// avoid.
+// and through the scripting host's "WScript.Shell", and read through the
+// shell-link object. Each maker reports success only when the file was saved;
+// a failed call leaves no half-made file it could avoid.
 #pragma once
 
 #include <optional>
@@ -34,6 +34,16 @@ public:
     virtual bool makeScriptedShortcut(const std::string& linkPath, const std::string& description,
                                       const std::string& target, const std::optional<std::string>& arguments,
                                       int windowStyle) = 0;
+
+    // What a shell link starts: its target's path (empty for a link to
+    // something that is no file) and its arguments.
+    struct Target {
+        std::string path;
+        std::string arguments;
+    };
+    // Loads the link file at `linkPath` into the shell-link object and reads
+    // its target and arguments; nullopt when it is no link the object can load.
+    virtual std::optional<Target> readShellLink(const std::string& linkPath) = 0;
 };
 
 }  // namespace tv

@@ -149,4 +149,15 @@ std::optional<std::uint64_t> Win32Files::length(const std::string& path) const {
     return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
+std::string Win32Files::codePageText(std::u16string_view units) const {
+    static_assert(sizeof(wchar_t) == sizeof(char16_t));
+    if (units.empty()) return {};
+    const auto* wide = reinterpret_cast<const wchar_t*>(units.data());
+    const int length = static_cast<int>(units.size());
+    const int count = ::WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(count), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, wide, length, text.data(), count, nullptr, nullptr);
+    return text;
+}
+
 }  // namespace tv::win32

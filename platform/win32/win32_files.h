@@ -21,6 +21,7 @@ public:
     std::optional<std::uint64_t> length(const std::string& path) const override;
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
+    std::string codePageText(std::u16string_view units) const override;
 
 private:
     UniqueFind listing_;  // the one directory cursor of the process

@@ -67,6 +67,26 @@ bool Win32Shortcuts::makeShellLink(const std::string& linkPath, const Link& link
     return SUCCEEDED(file->Save(wideText(linkPath).c_str(), FALSE));
 }
 
+// The arguments may be far longer than a path: the link's format allows
+// 65,535 characters, and a hidden tail is where a planted link would put its
+// real work.
+std::optional<Shortcuts::Target> Win32Shortcuts::readShellLink(const std::string& linkPath) {
+    constexpr std::size_t kArgumentChars = 65536;
+    ComRef<IShellLinkA> shellLink;
+    if (FAILED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA,
+                                  shellLink.putVoid())))
+        return std::nullopt;
+    ComRef<IPersistFile> file;
+    if (FAILED(shellLink->QueryInterface(IID_IPersistFile, file.putVoid())) ||
+        FAILED(file->Load(wideText(linkPath).c_str(), STGM_READ)))
+        return std::nullopt;
+    std::string path(MAX_PATH, '\0'), arguments(kArgumentChars, '\0');
+    // A link to something that is no file (a printer, a web page) has no path.
+    if (FAILED(shellLink->GetPath(path.data(), MAX_PATH, nullptr, 0))) path.clear();
+    if (FAILED(shellLink->GetArguments(arguments.data(), static_cast<int>(kArgumentChars)))) arguments.clear();
+    return Target{path.substr(0, path.find('\0')), arguments.substr(0, arguments.find('\0'))};
+}
+
 bool Win32Shortcuts::makeScriptedShortcut(const std::string& linkPath, const std::string& description,
                                           const std::string& target, const std::optional<std::string>& arguments,
                                           int windowStyle) {

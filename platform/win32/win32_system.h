@@ -87,6 +87,7 @@ public:
     bool makeShellLink(const std::string& linkPath, const Link& link) override;
     bool makeScriptedShortcut(const std::string& linkPath, const std::string& description, const std::string& target,
                               const std::optional<std::string>& arguments, int windowStyle) override;
+    std::optional<Target> readShellLink(const std::string& linkPath) override;
 };
 
 class Win32Registry final : public Registry {

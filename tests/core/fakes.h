@@ -267,6 +267,12 @@ public:
         scripted.push_back({linkPath, description, target, arguments, windowStyle});
         return succeed;
     }
+    // The last link made at that path reads back; any other path is no link.
+    std::optional<Target> readShellLink(const std::string& linkPath) override {
+        for (auto made = links.rbegin(); made != links.rend(); ++made)
+            if (made->first == linkPath) return Target{made->second.target, made->second.arguments.value_or("")};
+        return std::nullopt;
+    }
 };
 
 // One complete set of stand-ins.
