@@ -10,7 +10,8 @@
 # 5,000, 10,000 and 100,000 files runs on its window, shown and hidden, and the
 # first scan of custom folders of 2,000 and 20,000 new files runs up to their
 # saved baselines. Then the registry pass over 200 and 2,000 Run values,
-# recording and comparing, and a log-on run with the automatic action over
+# recording and comparing, the pass over every watched place with 200 and
+# 2,000 services and tasks, and over the prefix's own, and a log-on run with the automatic action over
 # data files no healthy program writes (20 MiB of random bytes, one 20 MiB line
 # of "=", 200,000 entries in one section), with its time and peak working set.
 # Last, bench/log-bench.sh times the log browser. Every command runs on core 0.
@@ -18,6 +19,7 @@
 #
 #   bench/run-bench.sh            everything (about twenty minutes)
 #   bench/run-bench.sh regwatch   only the registry pass (a minute): build/bench/regwatch.md
+#   bench/run-bench.sh places     only the pass over every watched place: build/bench/places.md
 set -euo pipefail
 part=${1:-all}
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -33,7 +35,7 @@ if [ "$part" == all ]; then
     cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
 fi
 cmake --preset win64 >>"$out/build.log" 2>&1 &&
-    cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench regwatch_bench >>"$out/build.log" 2>&1
+    cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench regwatch_bench autostart_bench >>"$out/build.log" 2>&1
 
 if [ "$part" == all ]; then
 echo "== data"
@@ -140,8 +142,43 @@ regwatch_section() {
     echo "writes-alone: the recording's profile writes without the pass (the system's share)."
 }
 
+# The whole pass, every watched place with it, over services and scheduled
+# tasks planted in registry keys and a Windows folder of the bench's own (two
+# services to a task), then over the prefix's own registry and tasks: the
+# comparing pass of a Refresh with nothing changed (medians).
+places_section() {
+    local base=$out places=() real
+    [ -d /dev/shm ] && base=$(mktemp -d /dev/shm/tarvelon-places.XXXXXX)
+    places_run() {  # arguments of autostart_bench, with the program folder last but for planted's Windows folder
+        rm -rf "$base/program" "$base/windows" && mkdir -p "$base/program" "$base/windows"
+        "${pin[@]}" wine "$out/../win64/bench/autostart_bench.exe" "$@" 2>/dev/null | tr -d '\r'
+    }
+    local program windows
+    program="$(winpath "$(realpath "$base")")\\program\\"
+    windows="$(winpath "$(realpath "$base")")\\windows\\"
+    for entries in 200 2000 450; do
+        places+=("$(places_run planted "$entries" $([ "$entries" == 2000 ] && echo 5 || echo 15) "$program" "$windows")")
+    done
+    real=$(places_run real 15 "$program")
+    [ "$base" != "$out" ] && rm -rf "$base"
+    echo "## Registry pass over every watched place (seconds, Refresh with nothing changed, medians of 15 and 5 runs)"
+    echo
+    echo "| | 200 entries | 2,000 entries | ratio |"
+    echo "|---|---|---|---|"
+    echo "| services and tasks planted, two to one | $(field compare "${places[0]}") | $(field compare "${places[1]}") | $(ratio "$(field compare "${places[1]}")" "$(field compare "${places[0]}")") |"
+    echo
+    echo "- 300 services and 150 tasks: $(field compare "${places[2]}") s ($(field nodes "${places[2]}") tree nodes)"
+    echo "- the prefix's own registry and tasks: $(field compare "$real") s, $(field services "$real") services and drivers, $(field tasks "$real") scheduled tasks, $(field nodes "$real") tree nodes"
+    echo
+    echo "Target: 2,000 against 200 at most 12."
+}
+
 if [ "$part" == regwatch ]; then
     regwatch_section | tee "$out/regwatch.md"
+    exit 0
+fi
+if [ "$part" == places ]; then
+    places_section | tee "$out/places.md"
     exit 0
 fi
 
@@ -258,6 +295,8 @@ md4=$(best "${mine[MD4.65536]}" "${mine[MD4.131072]}" "${mine[MD4.262144]}" "${m
     echo "- 20,000 / 2,000: $(ratio "${scans[20000.first]}" "${scans[2000.first]}") (at most 12)"
     echo
     regwatch_section
+    echo
+    places_section
     echo
     echo "## Log-on run with the automatic action over hostile data files, 2,000 files (median of 3)"
     echo

@@ -3,6 +3,10 @@
 namespace tv::ui {
 namespace {
 
+constexpr const char* kPlacesRecorded =
+    "Tarvelon now also watches the Startup folders, services, scheduled tasks and other places where programs "
+    "set themselves up to start. What they held was recorded now, without warnings.";
+
 constexpr Bounds kTree{8, 130, 532, 196};
 constexpr Bounds kHidden{0, 0, 0, 0};
 
@@ -26,6 +30,7 @@ RegWatchPage::RegWatchPage(Form& form, Control& frame)
       cScnUpd(form.add(Kind::FlatButton, "cScnUpd", {8, 402, 200, 28}, "Scan && Update Warnings", &regF)),
       cMod(form.add(Kind::FlatButton, "cMod", {216, 402, 324, 28}, "Check for modifications/deletions on reboot",
                     &regF)),
+      Label18(hidden(form.add(Kind::Label, "Label18", {8, 438, 532, 40}, kPlacesRecorded, &regF))),
       List2(hidden(form.add(Kind::ListBox, "List2", kHidden, {}, &regF))),
       List3(hidden(form.add(Kind::ListBox, "List3", kHidden, {}, &regF))) {}
 

@@ -22,6 +22,7 @@ public:
     Control& Command11;  // Scan File for Viruses / Scan all Files for Viruses
     Control& cScnUpd;    // Scan && Update Warnings
     Control& cMod;       // the pending boot operations
+    Control& Label18;    // says once that the places new to a snapshot were recorded
     Control& List2;      // emptied by every pass; nothing fills them
     Control& List3;
 };

@@ -36,6 +36,25 @@ std::string stringListText(std::string_view data) {
     return text;
 }
 
+std::string placeValueText(std::uint32_t type, std::string_view data) {
+    enum : std::uint32_t { Sz = 1, ExpandSz = 2, Dword = 4, MultiSz = 7, Qword = 11 };
+    if (type == Sz || type == ExpandSz) return std::string(data.substr(0, data.find('\0')));
+    if (type == MultiSz) return stringListText(data);
+    if ((type == Dword && data.size() == 4) || (type == Qword && data.size() == 8)) {
+        std::uint64_t number = 0;
+        for (std::size_t i = data.size(); i-- > 0;) number = number << 8 | static_cast<unsigned char>(data[i]);
+        return std::to_string(number);
+    }
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text;
+    for (const char c : data) {
+        if (!text.empty()) text += ' ';
+        text += kDigits[static_cast<unsigned char>(c) >> 4];
+        text += kDigits[static_cast<unsigned char>(c) & 15];
+    }
+    return text;
+}
+
 std::vector<std::string> valueEntries(std::string_view text, EntrySplit split) {
     if (split == EntrySplit::Whole) return text.empty() ? std::vector<std::string>{} : std::vector{std::string(text)};
     if (split == EntrySplit::StringList) return splitText(text, kListSeparator);

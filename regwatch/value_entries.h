@@ -1,10 +1,12 @@
-// Values that hold several entries, each a program or DLL of its own:
-// BootExecute and the LSA packages (lists of strings), AppInit_DLLs (names
-// apart by blanks or commas). A change of such a value is told entry by
-// entry, so that the entry added or removed is named and scanned, not the
-// list's first one.
+// The values of the autostart places watched after the seventeen, as text:
+// read in full and shown as the system holds them. Some hold several
+// entries, each a program or DLL of its own: BootExecute and the LSA
+// packages (lists of strings), AppInit_DLLs (names apart by blanks or
+// commas). A change of such a value is told entry by entry, so that the
+// entry added or removed is named and scanned, not the list's first one.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,11 @@ enum class EntrySplit {
 // A list of strings (each ended by a NUL, the list by an empty one) as one
 // text: the strings joined by ", ". Bytes behind the list's end are ignored.
 std::string stringListText(std::string_view data);
+
+// A value of any type as text: a string up to its first NUL (an expandable
+// one unexpanded), a list of strings as above, a number in decimal, any
+// other data as its bytes in two hexadecimal digits each, apart by blanks.
+std::string placeValueText(std::uint32_t type, std::string_view data);
 
 // The entries of a value's text, in their order; none for an empty list.
 std::vector<std::string> valueEntries(std::string_view text, EntrySplit split);

@@ -48,6 +48,11 @@ constexpr std::u16string_view kTask =
 TEST(ValueEntries, AChangeIsToldEntryByEntry) {
     EXPECT_EQ(stringListText("autocheck autochk *\0evil\0\0junk\0"s), "autocheck autochk *, evil");
     EXPECT_EQ(stringListText(""), "");
+    const struct { std::uint32_t type; std::string data, text; } values[] = {
+        {1, "C:\\a.exe\0junk"s, "C:\\a.exe"}, {2, "%SystemRoot%\\x.sys\0"s, "%SystemRoot%\\x.sys"},
+        {7, "a\0b\0\0"s, "a, b"}, {4, "\x01\x01\0\0"s, "257"}, {11, "\xFF\0\0\0\0\0\0\x01"s, "72057594037928191"},
+        {4, "\x0A"s, "0A"}, {3, "\x0A\xFF"s, "0A FF"}};
+    for (const auto& v : values) EXPECT_EQ(placeValueText(v.type, v.data), v.text) << v.type;
     const struct { std::string before, now; EntrySplit split; Texts added, removed; } cases[] = {
         {"autocheck autochk *", "autocheck autochk *, evil", EntrySplit::StringList, {"evil"}, {}},
         {"kerberos, msv1_0", "msv1_0, msv1_0", EntrySplit::StringList, {"msv1_0"}, {"kerberos"}},  // twice counts
