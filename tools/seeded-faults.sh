@@ -28,6 +28,11 @@ logs=$work/logs
 results=$work/results.md
 fuzz_seconds=${FAULT_FUZZ_SECONDS:-30}
 jobs=$(nproc)
+# Each fault's file is compiled twice (with the fault, then without it again):
+# a compiler cache, where there is one, makes the second a look-up.
+if command -v ccache >/dev/null && [ -z "${CMAKE_CXX_COMPILER_LAUNCHER:-}" ]; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
+fi
 
 # ---- the fault table --------------------------------------------------------
 
@@ -112,8 +117,18 @@ restore_file() {  # path
 # ---- building -----------------------------------------------------------------
 
 declare -A configured
-# Builds a preset of the scratch tree; Windows tests need no benchmarks.
+# Builds a preset of the scratch tree; Windows tests need no benchmarks. A
+# lock per preset lets a build started by hand in the scratch tree finish first.
 build_preset() {  # preset log
+    local lock status
+    exec {lock}>"$work/build-$1.lock"
+    flock "$lock"
+    build_preset_locked "$@"
+    status=$?
+    exec {lock}>&-
+    return $status
+}
+build_preset_locked() {  # preset log
     local preset=$1 targets=()
     if [ -z "${configured[$preset]:-}" ]; then
         (cd "$tree" && cmake --preset "$preset") >>"$2" 2>&1 || return 1
@@ -248,16 +263,21 @@ row() {  # id caught-by
     printf '| %s | %s | %s | %s |\n' "$1" "${subsystem[$1]}" "${what[$1]}" "${2//|/\\|}"
 }
 
-run_fault() {  # id
-    local id=$1 level preset log name caught="" failed=() kept verdict="" unrun=""
+# Tries one fault at the given levels, in their order; sets CAUGHT to the
+# catching level and tests, VERDICT to a build failure or a stale fault, and
+# adds levels that could not run to UNRUN.
+try_fault() {  # id levels...
+    local id=$1 level preset log name failed=() kept
     declare -A built=()
+    shift
+    CAUGHT="" VERDICT=""
     current_file=${file[$id]}
     if ! apply_fault "$id" "$tree" 2>"$logs/$id-apply.log"; then
         current_file=""
-        RESULT="STALE: $(cat "$logs/$id-apply.log")"
+        VERDICT="STALE: $(cat "$logs/$id-apply.log")"
         return
     fi
-    for level in ${levels[$id]}; do
+    for level in "$@"; do
         preset=$(preset_of "$level")
         log=$logs/$id-${level//[^A-Za-z0-9_.-]/_}.log
         : >"$log"
@@ -274,13 +294,13 @@ run_fault() {  # id
         fi
         if [ -z "${built[$preset]:-}" ]; then
             if ! build_preset "$preset" "$log"; then
-                verdict="BUILD FAILED ($preset)"
+                VERDICT="BUILD FAILED ($preset)"
                 break
             fi
             built[$preset]=1
         fi
         if ! run_level "$level" "$log" "$log.failed"; then
-            unrun+=" $level"  # a scenario or test that is gone: the next level may still catch it
+            UNRUN[$id]+=" $level"  # a scenario or test that is gone: the next level may still catch it
             continue
         fi
         mapfile -t failed <"$log.failed"
@@ -289,19 +309,22 @@ run_fault() {  # id
             [ -n "$name" ] && [ -z "${broken[$name]:-}" ] && kept+=("$name")
         done
         if [ ${#kept[@]} -gt 0 ]; then
-            caught="$level: $(printf '%s, ' "${kept[@]:0:6}")"
-            caught=${caught%, }
-            [ ${#kept[@]} -le 6 ] || caught+=" and $((${#kept[@]} - 6)) more"
+            CAUGHT="$level: $(printf '%s, ' "${kept[@]:0:6}")"
+            CAUGHT=${CAUGHT%, }
+            [ ${#kept[@]} -le 6 ] || CAUGHT+=" and $((${#kept[@]} - 6)) more"
             break
         fi
     done
     restore_file "${file[$id]}"
     current_file=""
-    if [ -n "$verdict" ]; then RESULT=$verdict
-    elif [ -n "$caught" ]; then RESULT=$caught
-    else RESULT="MISSED (looked in: ${levels[$id]})"
-    fi
-    [ -z "$unrun" ] || RESULT+=" (could not run:$unrun)"
+}
+
+# The fault's levels of one kind (native, fuzz, win, e2e).
+levels_of_kind() {  # id kind
+    local level
+    for level in ${levels[$1]}; do
+        [[ $level == "$2" || $level == "$2":* ]] && echo "$level"
+    done
 }
 
 # ---- main ---------------------------------------------------------------------------
@@ -345,15 +368,39 @@ started=$SECONDS
     echo "| id | subsystem | fault | caught by |"
     echo "| --- | --- | --- | --- |"
 } >"$results"
-cat "$results"
+# Every fault at its cheapest level first, then the ones still uncaught at
+# the next kind, so that each kind's build and session serve all its faults.
+declare -A RESULT UNRUN
+pending=("${chosen[@]}")
+for kind in native fuzz win e2e; do
+    still=()
+    for id in "${pending[@]}"; do
+        mapfile -t wanted < <(levels_of_kind "$id" "$kind")
+        if [ ${#wanted[@]} -eq 0 ] || [ -z "${wanted[0]}" ]; then
+            still+=("$id")
+            continue
+        fi
+        fault_started=$SECONDS
+        try_fault "$id" "${wanted[@]}"
+        if [ -n "$VERDICT" ]; then
+            RESULT[$id]=$VERDICT
+        elif [ -n "$CAUGHT" ]; then
+            RESULT[$id]=$CAUGHT
+        else
+            still+=("$id")
+        fi
+        echo "fault $id at $kind: ${RESULT[$id]:-not caught} ($((SECONDS - fault_started)) s)"
+    done
+    pending=("${still[@]}")
+done
 missed=0
 for id in "${chosen[@]}"; do
-    fault_started=$SECONDS
-    run_fault "$id"
-    [[ $RESULT == MISSED* || $RESULT == STALE* || $RESULT == BUILD* ]] && missed=$((missed + 1))
-    row "$id" "$RESULT" | tee -a "$results"
-    echo "  ($((SECONDS - fault_started)) s)" >&2
+    if [ -z "${RESULT[$id]:-}" ]; then RESULT[$id]="MISSED (looked in: ${levels[$id]})"; fi
+    [ -z "${UNRUN[$id]:-}" ] || RESULT[$id]+=" (could not run:${UNRUN[$id]})"
+    [[ ${RESULT[$id]} == MISSED* || ${RESULT[$id]} == STALE* || ${RESULT[$id]} == BUILD* ]] && missed=$((missed + 1))
+    row "$id" "${RESULT[$id]}" >>"$results"
 done
+cat "$results"
 {
     echo
     echo "${#chosen[@]} faults, $missed not caught; $(((SECONDS - started) / 60)) min $(((SECONDS - started) % 60)) s."
@@ -362,3 +409,4 @@ done
         echo "Failing on the unchanged tree (never counted as catching): ${!broken[*]}"
     fi
 } | tee -a "$results"
+[ "$missed" -eq 0 ] || echo "Faults not caught are kept: each shows where a test is worth adding."
