@@ -15,6 +15,9 @@
 # the same tests run once on the unchanged tree: a test that fails there is
 # reported and never counted as catching a fault.
 #
+# FAULT_KINDS limits the levels tried to some kinds, e.g. "native" for a quick
+# look or "win e2e" to go on where a run left off.
+#
 # Results: a table on stdout and in build/faults/results.md; each run's output
 # in build/faults/logs/.
 set -uo pipefail
@@ -136,7 +139,7 @@ build_preset_locked() {  # preset log
     fi
     if [ "$preset" == win64 ]; then
         mapfile -t targets < <(cmake --build "$tree/build/win64" --target help 2>/dev/null |
-            sed -n 's/^\.\.\. \([A-Za-z0-9_]*\).*/\1/p' | grep -v -E '_bench$|^(all|clean|depend|edit_cache|rebuild_cache|test)$')
+            sed -n 's/^\.\.\. \([A-Za-z0-9_]*\)$/\1/p' | grep -v -E '_bench$|^(clean|depend|edit_cache|rebuild_cache|test)$')
     fi
     if [ ${#targets[@]} -gt 0 ]; then
         cmake --build "$tree/build/$preset" -j "$jobs" --target "${targets[@]}" >>"$2" 2>&1
@@ -336,7 +339,7 @@ for arg in "$@"; do
     case $arg in
         --check) mode=check ;;
         --list) mode=list ;;
-        -h | --help) sed -n '2,19p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
+        -h | --help) sed -n '2,/^set -uo/p' "$0" | sed -n 's/^# \{0,1\}//p'; exit 0 ;;
         *)
             [[ -n ${subsystem[$arg]:-} ]] || { echo "no fault $arg in $table" >&2; exit 2; }
             chosen+=("$arg") ;;
@@ -372,7 +375,7 @@ started=$SECONDS
 # the next kind, so that each kind's build and session serve all its faults.
 declare -A RESULT UNRUN
 pending=("${chosen[@]}")
-for kind in native fuzz win e2e; do
+for kind in ${FAULT_KINDS:-native fuzz win e2e}; do
     still=()
     for id in "${pending[@]}"; do
         mapfile -t wanted < <(levels_of_kind "$id" "$kind")
