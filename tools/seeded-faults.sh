@@ -119,7 +119,7 @@ restore_file() {  # path
 
 # ---- building -----------------------------------------------------------------
 
-declare -A configured
+declare -A configured=()
 # Builds a preset of the scratch tree; Windows tests need no benchmarks. A
 # lock per preset lets a build started by hand in the scratch tree finish first.
 build_preset() {  # preset log
@@ -240,8 +240,8 @@ run_level() {  # level log failures
 
 # ---- the clean run --------------------------------------------------------------
 
-declare -A broken      # tests that fail on the unchanged tree
-declare -A clean_done  # levels already run on the unchanged tree
+declare -A broken=()      # tests that fail on the unchanged tree
+declare -A clean_done=()  # levels already run on the unchanged tree
 # Runs a level once on the unchanged tree (the scratch tree must be unchanged
 # and built); remembers the tests that fail there.
 clean_level() {  # level
@@ -373,7 +373,7 @@ started=$SECONDS
 } >"$results"
 # Every fault at its cheapest level first, then the ones still uncaught at
 # the next kind, so that each kind's build and session serve all its faults.
-declare -A RESULT UNRUN
+declare -A RESULT=() UNRUN=()
 pending=("${chosen[@]}")
 for kind in ${FAULT_KINDS:-native fuzz win e2e}; do
     still=()
