@@ -171,7 +171,7 @@ struct RecordingHost final : ScanHost {
 };
 
 // A registry in which no key can be opened.
-class NoRegistry final : public Registry {
+class NoRegistry : public Registry {
 public:
     static constexpr long kNotFound = 2;
     long openKey(std::uint32_t, const std::string&, Key&) override { return kNotFound; }
