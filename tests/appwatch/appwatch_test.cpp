@@ -46,7 +46,9 @@ TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     struct Circle final : TopWindows {
         NativeWindow desktop() const override { return 1; }
         NativeWindow relative(NativeWindow, int) const override { return 2; }
-        std::string titleBuffer(NativeWindow, std::size_t n) const override { return "Loop" + std::string(n - 4, '\0'); }
+        std::string titleBuffer(NativeWindow, std::size_t n) const override {
+            return "Loop" + std::string(n - 4, '\0');
+        }
         std::string classBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
         std::uint32_t processId(NativeWindow) const override { return 9; }
         NativeWindow find(const std::optional<std::string>&, const std::string&) const override { return 2; }

@@ -40,7 +40,8 @@ protected:
 TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_EQ(scanner1() + "," + scanner2(), "C:\\AV\\scan.exe|/all,C:\\Second\\b.exe|");
     choose(choice().cChoose, "C:\\AV\\pavcl.com");
-    EXPECT_EQ(os.shell.fileDialogs.at(0).second, "Executable Files (*.exe, *.com)\0*.EXE;*.COM\0All Files (*.*)\0*.*\0"s);
+    EXPECT_EQ(os.shell.fileDialogs.at(0).second,
+              "Executable Files (*.exe, *.com)\0*.EXE;*.COM\0All Files (*.*)\0*.*\0"s);
     EXPECT_EQ(scanner1() + "," + wizard().varg.caption(), "C:\\AV\\pavcl.com|/NSB /NOM /AUT,");  // without the zeros
     choice().Text6.userEditText("/typed");
     choose(choice().cChoose, "C:\\navw\\scan.exe");
@@ -70,8 +71,10 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
         {"AVAST 4 (All Operating Systems)", "ashQuick.exe"}, {"AVAST32 (All Operating Systems)", "quick32.exe"},
         {"AVG (All Operating Systems)", "avgse.exe"}, {"EZ Anti-Virus (All Operating Systems)", "vet98.exe"},
         {"Fix-It Utilities (All OS)", "AVCmd.exe"}, {"F-Prot (All Operating Systems)", "fpcmd.exe"},
-        {"H+BDEV AntiVir (Personal Edition - All OS)", "avwin.exe"}, {"Kaspersky 3.0 (All Operating Systems)", "avp32.exe"},
-        {"McAfee 5.0 and earlier (All Operating Systems)", "scan32.exe"}, {"McAfee 6.0 (All Operating Systems)", "scanpm.exe"},
+        {"H+BDEV AntiVir (Personal Edition - All OS)", "avwin.exe"},
+        {"Kaspersky 3.0 (All Operating Systems)", "avp32.exe"},
+        {"McAfee 5.0 and earlier (All Operating Systems)", "scan32.exe"},
+        {"McAfee 6.0 (All Operating Systems)", "scanpm.exe"},
         {"McAfee 6.02 and later (All Operating Systems)", "scan.exe"}, {"NOD32 (All Operating Systems)", "nod32.exe"},
         {"Norton (2000/NT)", "navwnt.exe"}, {"Norton (Win95/98/ME/XP)", "navw32.exe"},
         {"Panda 7.0 Platinum (All-OS)", "Pavcl.com"}, {"Sophos Anti Virus (All-OS)", "sweep.exe"},

@@ -162,7 +162,8 @@ TEST_F(Reports, GoOnTheUsersWordAndTheTreeIsLoadedAgain) {
     // A folder listed with two dates mixed: a date takes its own times only.
     tree_.clearNodes();
     for (const auto& [parent, key, text] : {std::tuple{"", "a", "03-06-2006"}, {"a", "b", "2:00:00 AM"},
-                                            {"", "c", "03-05-2006"}, {"c", "d", "3:00:00 AM"}, {"a", "e", "4:00:00 AM"}})
+                                            {"", "c", "03-05-2006"}, {"c", "d", "3:00:00 AM"},
+                                            {"a", "e", "4:00:00 AM"}})
         tree_.addNode(parent, key, text);
     select("03-06-2006");
     os.boxes.answers = {box::Yes};

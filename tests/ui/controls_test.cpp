@@ -40,7 +40,9 @@ TEST(TreeView, KeyedNodesInTheirOrderAndTheUsersEventsOnly) {
     Control tree(Kind::TreeView, "TreeView1", nullptr, {}, {});
     std::vector<std::string> events;
     tree.onNodeClick = [&] { events.push_back("click " + std::to_string(tree.selectedNode())); };
-    tree.onExpand = [&](std::size_t node, bool open) { events.push_back((open ? "open " : "close ") + std::to_string(node)); };
+    tree.onExpand = [&](std::size_t node, bool open) {
+        events.push_back((open ? "open " : "close ") + std::to_string(node));
+    };
     EXPECT_TRUE(tree.addNode({}, "LOCAL", "HKEY_LOCAL_MACHINE") && tree.addNode("LOCAL", "!LLIR", "Loaded in Run"));
     EXPECT_TRUE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "A (C:\\a.exe)"));
     EXPECT_FALSE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "B (C:\\a.exe)") || tree.addNode("nowhere", "x", "x"));

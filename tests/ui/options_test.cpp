@@ -54,7 +54,8 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
     os.shell.openResult = 5;  // access denied
     click(window.options.cUpdates, {box::Yes, box::Yes, box::Ok});
     EXPECT_EQ(os.shell.opened, std::vector<Opened>(1, {"Open", kUpdateUtilityPage, ""}));
-    EXPECT_EQ(lastBox(), std::string("The web site could not be opened. Please visit ") + kUpdateUtilityPage + " by hand.");
+    EXPECT_EQ(lastBox(),
+              std::string("The web site could not be opened. Please visit ") + kUpdateUtilityPage + " by hand.");
 }
 
 // A save starts from no Auto-Load shortcut and makes it again when the box is
@@ -83,7 +84,8 @@ TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndSaysSavedWhateverBecameOfIt) {
 TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven) {
     os.processes.path = "D:\\Tools\\Tarvelon.Low.EXE";
     EXPECT_EQ(programFile(ctx), "C:\\Tarvelon\\Tarvelon.Low.exe");
-    EXPECT_FALSE(makeShortcut(ctx, "", kProgram, "", "", "", 0, 5) || makeShortcut(ctx, "C:\\a.lnk", "", "", "", "", 0, 5));
+    EXPECT_FALSE(makeShortcut(ctx, "", kProgram, "", "", "", 0, 5) ||
+                 makeShortcut(ctx, "C:\\a.lnk", "", "", "", "", 0, 5));
     EXPECT_TRUE(makeShortcut(ctx, "C:\\a.lnk", kProgram, "C:\\Work", "", "", 3, 7));
     ASSERT_EQ(os.shortcuts.links.size(), 1u);
     const Shortcuts::Link& link = os.shortcuts.links[0].second;

@@ -70,7 +70,8 @@ protected:
 TEST_F(OptionsPage, EachWayMakesItsShortcutAndNoneInAFolderThatIsMissing) {
     createAutoLoad(ctx, path("Tarvelon.lnk"));
     const std::string target = upperCase(program);
-    EXPECT_EQ(readLink(path("Tarvelon.lnk")), target + "| /r|Access Shortcut||" + target + ",0|" + std::to_string(SW_SHOWNORMAL));
+    EXPECT_EQ(readLink(path("Tarvelon.lnk")),
+              target + "| /r|Access Shortcut||" + target + ",0|" + std::to_string(SW_SHOWNORMAL));
 
     ctx.useWsh = 1;
     writeFile("Tarvelon.lnk", "not a shortcut");  // the scripting way writes over it
