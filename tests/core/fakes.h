@@ -51,6 +51,10 @@ private:
 
 class NoProfileFiles final : public ProfileFiles {
 public:
+    // A write fails the test, unless the test records the writes, as
+    // "section|key=value" in the order they came.
+    bool recordWrites = false;
+    std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
 };
