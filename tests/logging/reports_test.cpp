@@ -67,7 +67,9 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Written);  // forced: the heading alone
     EXPECT_EQ(*os.files.content(logFileName(ctx)), "H,\r\n");
     os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
-    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Failed);  // for the caller to handle
+    os.boxes.answers = {box::Ok};
+    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Failed);  // and the user is told, once
+    EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
 }
 
 // A date is padded as in the report's name; a time gets its colons and its

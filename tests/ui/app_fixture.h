@@ -7,6 +7,7 @@
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/main_window.h"
+#include "ui/startup_folder.h"
 
 namespace tv::test {
 
@@ -18,7 +19,7 @@ protected:
     explicit AppTest(const std::vector<std::pair<std::string, std::string>>& lines = {}) {
         settings(lines);
         os.files.folders.insert("C:\\STARTUP");
-        os.shell.special[24] = "C:\\Startup";
+        os.shell.special[kUserStartupFolder] = "C:\\Startup";  // the user's own
         os.profiles.recordWrites = true;
     }
     // A new settings file in which each line `first` is replaced by `second`.

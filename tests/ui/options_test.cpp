@@ -60,8 +60,8 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
 
 // A save starts from no Auto-Load shortcut and makes it again when the box is
 // ticked, with the settings file made anew if it has gone; a shortcut that
-// cannot be made is passed over in silence.
-TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndSaysSavedWhateverBecameOfIt) {
+// cannot be made is reported instead of the success.
+TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) {
     window.options.cSettings.userClick();
     ASSERT_TRUE(os.files.remove(ctx.settFile));
     os.files.put(kLink, "old");
@@ -76,7 +76,9 @@ TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndSaysSavedWhateverBecameOfIt) {
     click(page.cSave, {box::Ok});
     EXPECT_FALSE(os.files.content(kLink));
     EXPECT_EQ(os.shortcuts.links.size(), 1u);
-    for (const test::ShownBox& box : os.boxes.shown) EXPECT_EQ(box.prompt, "Settings Saved Successfully");
+    ASSERT_EQ(os.boxes.shown.size(), 2u);
+    EXPECT_TRUE(os.boxes.shown[0].prompt.starts_with(std::string("Tarvelon could not write the Auto-Load shortcut\r\n") + kLink));
+    EXPECT_EQ(lastBox(), "Settings Saved Successfully");
 }
 
 // The two ways, and what each Auto-Load and Secure Shut Down shortcut holds,
@@ -102,8 +104,8 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     createAutoLoad(ctx, kLink);
     EXPECT_EQ(os.shortcuts.links.size(), 2u);
 
-    // A Secure Shut Down shortcut that fails, and one that is there already
-    // (and is kept), both end in "Success!".
+    // A Secure Shut Down shortcut that fails is reported; one that is there
+    // already is kept, and that is a success.
     ctx.useWsh = 1;
     os.shortcuts.succeed = false;
     os.boxes.answers = {box::No, box::Ok, box::Ok, box::No, box::Ok, box::Ok};
@@ -114,7 +116,9 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     os.files.put("C:\\Tarvelon\\SecureShutDown.lnk", "mine");
     createShutDownShortcut(ctx);
     EXPECT_EQ(os.shortcuts.scripted.size(), 6u);
-    EXPECT_EQ(os.boxes.shown[2].prompt + lastBox(), "Success!Success!");
+    EXPECT_TRUE(os.boxes.shown[2].prompt.starts_with(
+        "Tarvelon could not create the shortcut\r\nC:\\Tarvelon\\SecureShutDown.lnk\r\n"));
+    EXPECT_EQ(lastBox(), "Success!");
 }
 
 // Opening the page selects the options of the saved values, and none for a
