@@ -39,9 +39,8 @@ LogBrowser::LogBrowser(AppContext& ctx, ui::LogBrowserPage& page, ui::ReportPage
 std::string LogBrowser::logFolder() const { return ctx_.appPath + "Data\\Log\\"; }
 
 std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
-    const auto& nodes = page_.TreeView2.nodes();
-    if (node >= nodes.size() || nodes[node].parent == ui::kNoNode) return std::nullopt;
-    return logFolder() + reportFileName(nodes[nodes[node].parent].text, nodes[node].text);
+    if (node >= nodeFiles_.size() || nodeFiles_[node].empty()) return std::nullopt;
+    return logFolder() + nodeFiles_[node];
 }
 
 // Sub-folders named like reports are listed as reports. A name without "("
@@ -49,14 +48,15 @@ std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
 void LogBrowser::loadLogs() {
     ui::Control& tree = page_.TreeView2;
     tree.clearNodes();
+    nodeFiles_.clear();
     Files& files = ctx_.os.files;
     for (std::string name = files.firstName(logFolder()); !name.empty(); name = files.nextName()) {
         if (!looksLikeReport(name)) continue;
         ctx_.os.loop.pump();
         if (const auto stamp = reportStamp(name)) {
             const std::string key = dateKey(stamp->date);
-            if (tree.nodeIndex(key) == ui::kNoNode) tree.addNode({}, key, stamp->date);
-            tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time);
+            if (tree.nodeIndex(key) == ui::kNoNode && tree.addNode({}, key, stamp->date)) nodeFiles_.emplace_back();
+            if (tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time)) nodeFiles_.push_back(name);
         }
         ctx_.os.loop.pump();
     }
@@ -87,7 +87,7 @@ void LogBrowser::openReport() {
     }
     const auto content = ctx_.os.files.readAll(*path);
     if (!content) return;
-    std::vector<std::string> fields = reportFields(*content);
+    std::vector<std::string> fields = reportEntries(*content);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         list.addItem(std::move(fields[i]));
         if (i + 1 < fields.size()) ctx_.os.loop.pump();
@@ -112,14 +112,16 @@ void LogBrowser::scanReport() {
     const ui::Control& list = report_.List4;
     const ScannerPair scanners = scannersFromSettings(ctx_);
     bool started = true;
+    // A report's file with blanks in its path goes to the scanner as one file.
     if (list.items().size() > 1)
         walkInBatches(
             ctx_, 1, list.items().size() - 1,
             [&list](std::size_t index) { return index < list.items().size() ? list.items()[index] : std::string(); },
-            [&](const std::string& batch) {
+            [&](const FileItems& batch) {
                 started = batch.empty() || startScanners(ctx_, scanners, batch);
                 return started;
-            });
+            },
+            true);
     ctx_.os.boxes.show(started ? kScanned : scannerFailureMessage(scanners.exe1), kAppTitle, box::OkOnly);
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/app_context.h"
 
@@ -49,7 +50,7 @@ public:
 
 private:
     std::string logFolder() const;
-    // The file of a time node; nullopt for a node without a date above it.
+    // The file of a time node; nullopt for a date's node.
     std::optional<std::string> reportPath(std::size_t node) const;
     void deleteDate(std::size_t date);
 
@@ -58,6 +59,9 @@ private:
     ui::ReportPage& report_;
     ui::Control& setFq_;
     std::function<void()> resetPages_;
+    // The file each node of the tree stands for, by the node's index; empty
+    // for a date. Reports of one second share their date and time texts.
+    std::vector<std::string> nodeFiles_;
 };
 
 }  // namespace tv

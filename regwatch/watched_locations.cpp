@@ -12,4 +12,14 @@ std::string newSnapshotText() {
     return text;
 }
 
+std::string viewSuffix(int viewBits) { return viewBits == 0 ? std::string() : "/" + std::to_string(viewBits); }
+
+std::string sectionOf(const WatchedLocation& location, int viewBits) {
+    return location.section + viewSuffix(viewBits);
+}
+
+std::string rootTextOf(const WatchedRoot& root, int viewBits) {
+    return viewBits == 0 ? std::string(root.text) : std::string(root.text) + " (" + std::to_string(viewBits) + "-bit)";
+}
+
 }  // namespace tv

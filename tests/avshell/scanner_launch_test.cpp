@@ -20,8 +20,9 @@ protected:
         std::vector<std::string> out;
         walkInBatches(ctx, first, last,
                       [&](std::size_t i) { return i < entries.size() ? entries[i] : std::string(); },
-                      [&](const std::string& batch) {
-                          out.push_back(batch);
+                      [&](const FileItems& batch) {
+                          out.emplace_back();
+                          for (const std::string& item : batch) out.back() += item;
                           return true;
                       });
         return out;
@@ -43,7 +44,7 @@ TEST_F(ScannerCommandLines, BatchesOfPassCountTurnsWithEmptyEntriesCounted) {
 
 TEST_F(ScannerCommandLines, FlushThatRefusesEndsTheWalk) {
     int flushes = 0;
-    walkInBatches(ctx, 0, 9, [](std::size_t) { return std::string("X"); }, [&](const std::string&) {
+    walkInBatches(ctx, 0, 9, [](std::size_t) { return std::string("X"); }, [&](const FileItems&) {
         ++flushes;
         return false;
     });

@@ -1,11 +1,14 @@
 // A registry value of any type, size and bytes on its way into the snapshot:
-// its text form, its stored text and the key of its line, and its warning row.
+// its text form, its stored text, the key and text of its line (which no
+// line break enters and which read back to the name and text they stand
+// for), and its warning row.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>
 
 #include "core/text.h"
 #include "regwatch/registry_text.h"
+#include "regwatch/snapshot_encoding.h"
 
 namespace {
 
@@ -40,13 +43,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (type != tv::regtype::Sz && type != tv::regtype::Binary && value != buffer) __builtin_trap();
 
-    const std::string stored = tv::cutAtNul(tv::storedTextOf(value));
-    if (stored.find('\0') != std::string::npos || stored.rfind(" (", 0) != 0) __builtin_trap();
-    const std::string key = tv::snapshotKey(name, stored);
-    if (key.find('=') != std::string::npos) __builtin_trap();
-    if (key.size() != (name.empty() ? stored.size() : name.size())) __builtin_trap();
-    if (tv::storedTextChanged(stored, tv::trimBlanks(stored))) __builtin_trap();
-    const std::string row = tv::warningRow("HKEY_CURRENT_USER", "", key, stored, tv::EntryCheck::New);
-    if (row != "HKEY_CURRENT_USER|Loaded in \\" + key + stored + " New Entry!") __builtin_trap();
+    const tv::RegText stored = tv::cutAtNul(tv::storedTextOf(tv::RegText(value)));
+    if (stored.text.find('\0') != std::string::npos || stored.text.rfind(" (", 0) != 0) __builtin_trap();
+    const std::string key = tv::snapshotKey(tv::RegText(name), stored);
+    const std::string line = tv::snapshotText(stored);
+    if (key.find_first_of("\r\n") != std::string::npos || line.find_first_of("\r\n") != std::string::npos)
+        __builtin_trap();
+    if (!name.empty()) {
+        const auto back = tv::nameOfSnapshotKey(key);
+        if (key.find('=') != std::string::npos || (back ? back->text != name : key != name)) __builtin_trap();
+    }
+    if (const auto back = tv::storedTextOfSnapshotText(line); back && back->text != stored.text) __builtin_trap();
+    if (line.size() > tv::kSnapshotTextChars || tv::storedTextChanged(line, tv::trimBlanks(line))) __builtin_trap();
+    const std::string row = tv::warningRow("HKEY_CURRENT_USER", "", key, stored.text, tv::EntryCheck::New);
+    if (row != "HKEY_CURRENT_USER|Loaded in \\" + key + stored.text + " New Entry!") __builtin_trap();
     return 0;
 }

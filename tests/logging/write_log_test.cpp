@@ -30,37 +30,32 @@ TEST_F(WriteLog, NameComesFromTheRegionalDateAndTime) {
 }
 
 TEST_F(WriteLog, OneLineOfCommaSeparatedFilesWithOrWithoutQuotes) {
-    for (const std::string files : {"\"C:\\A.DLL\" \"C:\\B.DLL\" ", "C:\\A.DLL C:\\B.DLL "}) {
-        std::string list = "Heading," + files;
-        ASSERT_EQ(writeLog(ctx, list), LogOutcome::Written);
+    for (const std::vector<std::string> files : {std::vector<std::string>{"\"C:\\A.DLL\" ", "\"C:\\B.DLL\" "},
+                                                 std::vector<std::string>{" C:\\A.DLL", " ", " C:\\B.DLL"}}) {
+        ASSERT_EQ(writeLog(ctx, "Heading,", files), LogOutcome::Written);
         EXPECT_EQ(*log(), "Heading,C:\\A.DLL,C:\\B.DLL\r\n");
-        EXPECT_EQ(list, "Heading,C:\\A.DLL,C:\\B.DLL");  // the caller's text is changed
+        os.files.remove("C:\\T\\Data\\Log\\03-05-2006(3_04_07PM).log");
     }
-    std::string blanks = "Heading,\"C:\\Program Files\\X.DLL\" ";
-    writeLog(ctx, blanks);
-    EXPECT_EQ(*log(), "Heading,C:\\Program,Files\\X.DLL\r\n");
 }
 
 TEST_F(WriteLog, GateKeepsBackListsWithoutFilesAndHonoursAutoLogging) {
-    for (std::string list : {std::string("   "), std::string("Heading,no files here")})
-        EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "   ", {}), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", {"no files here"}), LogOutcome::Skipped);
     check7.setValue(0);
-    std::string list = "Heading,C:\\A.DLL ";
-    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    const std::vector<std::string> list{"C:\\A.DLL "};
+    EXPECT_EQ(writeLog(ctx, "Heading,", list), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 0);
     ctx.shutAction = 1;  // a secure shut-down learns of the files even with logging off
-    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", list), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 1);
     EXPECT_EQ(log(), nullptr);
-    std::string empty = "Heading,";
-    EXPECT_EQ(writeLog(ctx, empty, true), LogOutcome::Written);  // forced: the heading alone
+    EXPECT_EQ(writeLog(ctx, "Heading,", {}, true), LogOutcome::Written);  // forced: the heading alone
     EXPECT_EQ(*log(), "Heading,\r\n");
 }
 
 TEST_F(WriteLog, MissingLogFolderIsAFailureForTheCaller) {
     os.files.folders.erase("C:\\T\\DATA\\LOG");
-    std::string list = "Heading,C:\\A.DLL ";
-    EXPECT_EQ(writeLog(ctx, list), LogOutcome::Failed);
+    EXPECT_EQ(writeLog(ctx, "Heading,", {"C:\\A.DLL "}), LogOutcome::Failed);
 }
 
 }  // namespace

@@ -16,7 +16,8 @@ public:
     bool opens = true;
     std::vector<std::string> calls;  // "open", "close <handle>", "delete <handle> <name>"
 
-    long openKey(std::uint32_t, const std::string&, Key& key) override {
+    int otherViewBits() const override { return 0; }
+    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key& key) override {
         calls.push_back("open");
         key = opens ? ++lastHandle_ : 0;
         return opens ? 0 : 2;
@@ -26,15 +27,14 @@ public:
         buffer.replace(0, 3, "k\0\0", 3);
         return 0;
     }
-    long enumValue(Key, std::uint32_t index, std::string& name, std::uint32_t, std::string&, std::uint32_t) override {
+    long enumValue(Key, std::uint32_t index, RegText& name) override {
         if (index >= valueCount) return 259;  // no more items
-        const std::string text = "v" + std::to_string(index);
-        name.replace(0, text.size() + 1, text + '\0');
+        name = RegText("v" + std::to_string(index));
         return 0;
     }
-    long queryValue(Key, const std::string&, std::string&, std::uint32_t&, std::uint32_t&) override { return 2; }
-    long deleteValue(Key key, const std::string& name) override {
-        calls.push_back("delete " + std::to_string(key) + " " + name);
+    long queryValue(Key, const RegText&, RegValue&) override { return 2; }
+    long deleteValue(Key key, const RegText& name) override {
+        calls.push_back("delete " + std::to_string(key) + " " + name.text);
         return 0;
     }
     long closeKey(Key key) override {
@@ -69,7 +69,7 @@ TEST(RegClassHandle, AFailedOpenLeavesNoHandleToDeleteFrom) {
     reg.closeRegistry();
     registry.opens = false;
     EXPECT_FALSE(reg.openRegistry(hive::LocalMachine, "Gone"));
-    EXPECT_FALSE(reg.deleteKey("Foo"));
+    EXPECT_FALSE(reg.deleteKey(RegText("Foo")));
     EXPECT_EQ(registry.calls.back(), "delete 0 Foo");
     EXPECT_FALSE(reg.closeRegistry());  // nothing open: the flag stays as it was
 }
@@ -81,7 +81,7 @@ TEST(RegClassListing, ASixteenBitCounterEndsListingsAt32767Entries) {
     registry.valueCount = 32767;
     const auto names = reg.getAllValues();
     ASSERT_EQ(names.size(), 32767u);
-    EXPECT_EQ(names.back(), "v32766");
+    EXPECT_EQ(names.back().text, "v32766");
     EXPECT_EQ(reg.getAllSubDirectories().size(), 32767u);
     registry.valueCount = 32768;  // the next index overflows: everything built is lost
     EXPECT_TRUE(reg.getAllValues().empty());
