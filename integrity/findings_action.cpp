@@ -5,6 +5,7 @@
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "core/vb_number.h"
+#include "core/write_failures.h"
 #include "hash/checksum.h"
 #include "hash/file_checksum.h"
 #include "integrity/data_file.h"
@@ -75,8 +76,9 @@ void FindingsAction::label12Click() {
             if (all.empty()) return host_.endProgram();
         }
         window_.Label13.setCaption("Logging Action...");
+        // A report that cannot be written was told of; the findings stay unaccepted.
         if (writeLog(ctx_, noScanner ? kNoScannerHeading : kScannedHeading, all, noScanner) == LogOutcome::Failed)
-            return showScannerFailure();
+            return;
     }
     window_.Label13.setCaption("Updating Integrity File...");
     updateDatFile();
@@ -138,7 +140,7 @@ void FindingsAction::updateDatFile() {
         pump.getInputState();
     }
     window_.setCaption("Integrity File(s) Updated");
-    saveIntFile(ctx_);
+    if (!saveIntFile(ctx_)) reportFailedWrite(ctx_, ctx_.intFile);
     loadIntFile(ctx_, ctx_.intFile);
     window_.Label13.setCaption("Integrity File Updated");
     window_.Label12.setCaption(kCloseCaption);
@@ -158,7 +160,7 @@ void FindingsAction::specialSave(int slot) {
         ctx_.os.loop.pump();
     }
     passFolderList_[slot].clear();
-    saveCustomDat(ctx_, file);
+    if (!saveCustomDat(ctx_, file)) reportFailedWrite(ctx_, file);
 }
 
 }  // namespace tv

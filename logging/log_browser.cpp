@@ -19,6 +19,17 @@ constexpr const char* kScanned = "Anti-Virus program executed successfully!";
 // of a time can be taken for a date's.
 std::string dateKey(const std::string& date) { return "|" + date; }
 
+// The " (2)" that a report of the same second as another carries between its
+// time and ".log"; empty for any other name, which opens as it always did.
+std::string sameSecondMark(const std::string& name) {
+    const std::size_t close = name.find(')');
+    if (close == std::string::npos || name.size() < close + 1 + 4) return {};
+    const std::string mark = name.substr(close + 1, name.size() - 4 - close - 1);
+    const bool counted = mark.size() > 3 && mark.compare(0, 2, " (") == 0 && mark.back() == ')' &&
+                         mark.find_first_not_of("0123456789", 2) == mark.size() - 1;
+    return counted ? mark : std::string();
+}
+
 }  // namespace
 
 LogBrowser::LogBrowser(AppContext& ctx, ui::LogBrowserPage& page, ui::ReportPage& report, ui::Control& setFq,
@@ -39,8 +50,12 @@ LogBrowser::LogBrowser(AppContext& ctx, ui::LogBrowserPage& page, ui::ReportPage
 std::string LogBrowser::logFolder() const { return ctx_.appPath + "Data\\Log\\"; }
 
 std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
-    if (node >= nodeFiles_.size() || nodeFiles_[node].empty()) return std::nullopt;
-    return logFolder() + nodeFiles_[node];
+    const auto& nodes = page_.TreeView2.nodes();
+    if (node >= nodes.size() || nodes[node].parent == ui::kNoNode) return std::nullopt;
+    std::string name = reportFileName(nodes[nodes[node].parent].text, nodes[node].text);
+    if (const auto mark = sameSecondMarks_.find(node); mark != sameSecondMarks_.end())
+        name.insert(name.size() - 4, mark->second);
+    return logFolder() + name;
 }
 
 // Sub-folders named like reports are listed as reports. A name without "("
@@ -48,15 +63,17 @@ std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
 void LogBrowser::loadLogs() {
     ui::Control& tree = page_.TreeView2;
     tree.clearNodes();
-    nodeFiles_.clear();
+    sameSecondMarks_.clear();
     Files& files = ctx_.os.files;
     for (std::string name = files.firstName(logFolder()); !name.empty(); name = files.nextName()) {
         if (!looksLikeReport(name)) continue;
         ctx_.os.loop.pump();
         if (const auto stamp = reportStamp(name)) {
             const std::string key = dateKey(stamp->date);
-            if (tree.nodeIndex(key) == ui::kNoNode && tree.addNode({}, key, stamp->date)) nodeFiles_.emplace_back();
-            if (tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time)) nodeFiles_.push_back(name);
+            if (tree.nodeIndex(key) == ui::kNoNode) tree.addNode({}, key, stamp->date);
+            const std::string mark = sameSecondMark(name);
+            if (tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time) && !mark.empty())
+                sameSecondMarks_[tree.nodes().size() - 1] = mark;
         }
         ctx_.os.loop.pump();
     }

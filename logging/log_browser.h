@@ -8,7 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
+#include <unordered_map>
 
 #include "core/app_context.h"
 
@@ -50,7 +50,7 @@ public:
 
 private:
     std::string logFolder() const;
-    // The file of a time node; nullopt for a date's node.
+    // The file of a time node; nullopt for a node without a date above it.
     std::optional<std::string> reportPath(std::size_t node) const;
     void deleteDate(std::size_t date);
 
@@ -59,9 +59,9 @@ private:
     ui::ReportPage& report_;
     ui::Control& setFq_;
     std::function<void()> resetPages_;
-    // The file each node of the tree stands for, by the node's index; empty
-    // for a date. Reports of one second share their date and time texts.
-    std::vector<std::string> nodeFiles_;
+    // The " (2)" of each time node whose report shares its second with
+    // another, by the node's index: their date and time texts are the same.
+    std::unordered_map<std::size_t, std::string> sameSecondMarks_;
 };
 
 }  // namespace tv

@@ -1,6 +1,7 @@
 #include "logging/write_log.h"
 
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "logging/log_names.h"
 #include "platform/controls.h"
 
@@ -21,6 +22,11 @@ std::string timeText(const std::string& regional) {
 // no report of the former kind ever was (its quotes were all taken out).
 std::string fileField(const std::string& name) {
     return name.find_first_of(" ,") == std::string::npos ? name : "\"" + name + "\"";
+}
+
+LogOutcome failedReport(AppContext& ctx, const std::string& file) {
+    reportFailedWrite(ctx, file);
+    return LogOutcome::Failed;
 }
 
 }  // namespace
@@ -54,9 +60,9 @@ LogOutcome writeLog(AppContext& ctx, const std::string& heading, const std::vect
     for (int sameSecond = 1; sameSecond <= kReportsPerSecond; ++sameSecond) {
         const std::string file = logFileName(ctx, sameSecond);
         if (files.createNew(file, line)) return LogOutcome::Written;
-        if (!files.length(file)) return LogOutcome::Failed;
+        if (!files.length(file)) return failedReport(ctx, file);
     }
-    return LogOutcome::Failed;
+    return failedReport(ctx, logFileName(ctx, kReportsPerSecond));
 }
 
 }  // namespace tv

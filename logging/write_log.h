@@ -14,7 +14,7 @@ namespace tv {
 enum class LogOutcome {
     Skipped,  // the gate kept it back: nothing to log, or Auto-Logging off
     Written,
-    Failed,   // the file could not be made
+    Failed,   // the file could not be made or written; the user was told (reportFailedWrite)
 };
 
 // `heading` ends in its comma; `items` are the files in the item forms of

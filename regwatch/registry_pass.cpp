@@ -19,7 +19,7 @@ void RegistryPass::checkRegFile() {
     // program holds: its content is then left as it is.
     if (!files.append(ctx_.regFile, "")) return;
     ctx_.regNew = true;
-    files.writeAll(ctx_.regFile, newSnapshotText());
+    files.writeAll(ctx_.regFile, newSnapshotText(ctx_.os.registry.otherViewBits()));
     setReg();
 }
 

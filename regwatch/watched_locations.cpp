@@ -2,13 +2,14 @@
 
 namespace tv {
 
-std::string newSnapshotText() {
+std::string newSnapshotText(int otherViewBits) {
     std::string text;
-    for (const WatchedLocation& location : kWatchedLocations) {
-        text += '[';
-        text += location.section;
-        text += "]\r\n\r\n";
-    }
+    const auto addSections = [&text](int viewBits) {
+        for (const WatchedLocation& location : kWatchedLocations)
+            text += "[" + sectionOf(location, viewBits) + "]\r\n\r\n";
+    };
+    addSections(0);
+    if (otherViewBits != 0) addSections(otherViewBits);
     return text;
 }
 

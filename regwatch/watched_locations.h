@@ -71,8 +71,9 @@ inline constexpr std::array<WatchedLocation, 17> kWatchedLocations{{
     {2, 5, "CR/SP", "piffile\\shell\\open\\command", "Spawned with PIF's", "!RSWP", Removal::EditByHand},
 }};
 
-// A new snapshot file: every section line followed by an empty line, CR LF.
-std::string newSnapshotText();
+// A new snapshot file: every section line followed by an empty line, CR LF;
+// the seventeen, then, on a system with two views, the other view's.
+std::string newSnapshotText(int otherViewBits);
 
 // A view is told by its width in bits; 0 stands for the program's own view.
 // The other view's names carry it: "/32" behind section codes and node keys,

@@ -54,6 +54,10 @@ private:
 
 class NoProfileFiles final : public ProfileFiles {
 public:
+    // A write fails the test, unless the test records the writes, as
+    // "section|key=value" in the order they came.
+    bool recordWrites = false;
+    std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
     std::vector<std::string> sectionNames(const std::string&) const override {
@@ -179,7 +183,7 @@ struct RecordingHost final : ScanHost {
 };
 
 // A registry in which no key can be opened.
-class NoRegistry final : public Registry {
+class NoRegistry : public Registry {
 public:
     static constexpr long kNotFound = 2;
     int otherViewBits() const override { return 0; }
