@@ -61,6 +61,7 @@ set(TARVELON_CORE_SOURCES
   regwatch/registry_text.cpp
   regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  regwatch/snapshot_encoding.cpp
   regwatch/task_definitions.cpp
   regwatch/value_entries.cpp
   platform/command_program.cpp

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/app_context.h"
 
@@ -49,7 +50,7 @@ public:
 private:
     void scanWininit();
     void scanPendingRenames();
-    void runScanners(const std::string& batch);
+    void runScanners(const std::vector<std::string>& batch);
     std::string batchItemIfThere(const std::string& file);
     void status(const char* line);
     void timerTick();

@@ -44,7 +44,7 @@ protected:
 };
 
 // The regional date with "/" made "-" and each part but the last padded, the
-// time without blanks and with "_" for ":". A blank in a path makes two fields.
+// time without blanks and with "_" for ":".
 TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
                                            {"1-5-9", "11:59:59 AM", "01-05-9(11_59_59AM)"},
@@ -53,22 +53,23 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
         os.clock.now = {date, time};
         EXPECT_EQ(logFileName(ctx), folder + name + ".log");
     }
-    std::string blanks = "Heading,\"C:\\A B.DLL\" C:\\C.DLL ", nothing = "Heading,no files here", heading = "H,";
-    ASSERT_EQ(writeLog(ctx, blanks), LogOutcome::Written);
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,C:\\A,B.DLL,C:\\C.DLL\r\n");
-    EXPECT_EQ(blanks, "Heading,C:\\A,B.DLL,C:\\C.DLL");  // the caller's text is changed
-    EXPECT_EQ(writeLog(ctx, nothing), LogOutcome::Skipped);  // no "." in it: no file either
+    // A file with a blank stays whole in quotes; a second report of the second gets a name of its own.
+    const Texts blanks{"\"C:\\A B.DLL\" ", "C:\\C.DLL "}, nothing{"no files here"};
+    ASSERT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Written);
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,\"C:\\A B.DLL\",C:\\C.DLL\r\n");
+    EXPECT_EQ(writeLog(ctx, "Heading,", nothing), LogOutcome::Skipped);  // no "." in it: no file either
     window.settings.Check7.setValue(0);
-    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 0);
     ctx.shutAction = 1;  // a secure shut-down learns of the files even with logging off
-    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 1);
-    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Written);  // forced: the heading alone
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "H,\r\n");
+    EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Written);  // forced: the heading alone
+    EXPECT_EQ(*os.files.content(logFileName(ctx, 2)), "H,\r\n");
+    EXPECT_EQ(logFileName(ctx, 2), folder + "03--5(ab_c) (2).log");
     os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
     os.boxes.answers = {box::Ok};
-    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Failed);  // and the user is told, once
+    EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Failed);  // and the user is told, once
     EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
 }
 

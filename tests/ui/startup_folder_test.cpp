@@ -23,20 +23,20 @@ class SetupEntry final : public Registry {
 public:
     std::string name, folder;
     bool administrator = true;
-    long openKey(std::uint32_t root, const std::string& subKey, Key& key) override {
+    int otherViewBits() const override { return 0; }
+    long openKey(std::uint32_t root, const std::string& subKey, RegView, RegAccess, Key& key) override {
         const bool found = root == hive::LocalMachine && subKey == kUninstall + name;
         key = found && administrator ? 7 : 0;
         return key ? 0 : found ? 5 : 2;
     }
-    long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&,
-                    std::uint32_t&) override {
-        if (key != 7 || value != "InstallLocation") return 2;
-        buffer.replace(0, folder.size() + 1, folder + '\0');
+    long queryValue(Key key, const RegText& value, RegValue& read) override {
+        if (key != 7 || value.text != "InstallLocation") return 2;
+        read.type = 1, read.bytes = folder + '\0';
         return 0;
     }
     long enumKey(Key, std::uint32_t, std::string&) override { return 5; }
-    long enumValue(Key, std::uint32_t, std::string&, std::uint32_t, std::string&, std::uint32_t) override { return 5; }
-    long deleteValue(Key, const std::string&) override { return 5; }
+    long enumValue(Key, std::uint32_t, RegText&) override { return 5; }
+    long deleteValue(Key, const RegText&) override { return 5; }
     long closeKey(Key) override { return 0; }
 };
 

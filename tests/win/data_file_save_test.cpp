@@ -35,6 +35,9 @@ public:
     bool append(const std::string& path, std::string_view bytes) override {
         return change([&] { return disk_.append(path, bytes); }, [&] { disk_.append(path, half(bytes)); });
     }
+    bool createNew(const std::string& path, std::string_view bytes) override {
+        return change([&] { return disk_.createNew(path, bytes); }, [&] { disk_.createNew(path, half(bytes)); });
+    }
     bool copy(const std::string& from, const std::string& to) override {
         return change([&] { return disk_.copy(from, to); }, [&] {
             if (const auto text = disk_.readAll(from)) disk_.writeAll(to, half(*text));

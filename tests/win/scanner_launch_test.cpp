@@ -20,7 +20,7 @@ TEST_F(ScannerLaunch, CommandLineReachesTheScannerUnchanged) {
     ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", log.c_str());
     const ScannerPair scanners{fakescan, "/a", " ", "ignored"};  // a blank second exe counts as none
     const std::string batch = "\"C:\\x|y&z^w%PATH%.dll\" C:\\plain.dll ";
-    ASSERT_TRUE(startScanners(ctx, scanners, batch));
+    ASSERT_TRUE(startScanners(ctx, scanners, {batch}));
     const DWORD start = ::GetTickCount();
     while (!files.length(log).value_or(0) && ::GetTickCount() - start < 20000) ::Sleep(20);
     EXPECT_EQ(readFile("scans.log"), fakescan + " /a " + batch + "\r\n");
