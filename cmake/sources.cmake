@@ -58,6 +58,8 @@ set(TARVELON_CORE_SOURCES
   regwatch/pending_boot.cpp
   regwatch/reg_class.cpp
   regwatch/registry_pass.cpp
+  regwatch/registry_pass_places.cpp
+  regwatch/place_entries.cpp
   regwatch/registry_text.cpp
   regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp

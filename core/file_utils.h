@@ -16,6 +16,10 @@ std::string getSysDir(const AppContext& ctx);  // with a trailing backslash
 std::string getWinDir(const AppContext& ctx);  // with a trailing backslash, or empty
 
 inline constexpr int kProgramFilesFolder = 38;
+// The Programs folder and the Startup folders: the user's own and everybody's.
+inline constexpr int kProgramsFolder = 2;
+inline constexpr int kUserStartupFolder = 7;
+inline constexpr int kCommonStartupFolder = 24;
 // A special folder with a trailing backslash. A folder the system reports as "\"
 // stands for "C:\Program Files\"; one it does not know at all comes back as "\".
 std::string getSpecialFolder(const AppContext& ctx, int csidl = kProgramFilesFolder);

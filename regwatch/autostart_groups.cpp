@@ -4,7 +4,7 @@ namespace tv {
 namespace {
 
 using enum Reach;
-using enum GroupRemoval;
+using enum Removal;
 constexpr std::uint32_t LM = hive::LocalMachine, CU = hive::CurrentUser;
 
 constexpr std::span<const WatchedValue> kAll{};
@@ -84,5 +84,31 @@ constexpr AutostartGroup kGroups[] = {
 }  // namespace
 
 std::span<const AutostartGroup> autostartGroups() { return kGroups; }
+
+bool reaches(const AutostartGroup& group, std::uint32_t hive) {
+    for (const AutostartPlace& place : group.places)
+        if (place.hive == hive) return true;
+    return false;
+}
+
+std::string groupSection(const AutostartGroup& group, std::uint32_t hive, int viewBits) {
+    return std::string(hive == hive::LocalMachine ? "LM/" : "CU/") + group.code + viewSuffix(viewBits);
+}
+
+std::vector<std::string> placeSections(int otherView) {
+    std::vector<std::string> sections;
+    for (const int view : otherView == 0 ? std::vector{0} : std::vector{0, otherView})
+        for (const AutostartGroup& group : kGroups)
+            for (const WatchedRoot& root : kWatchedRoots)
+                if (reaches(group, root.hive)) sections.push_back(groupSection(group, root.hive, view));
+    for (const FileGroup& group : kFileGroups) sections.emplace_back(group.section);
+    return sections;
+}
+
+std::string newPlacesSnapshotText(int otherView) {
+    std::string text;
+    for (const std::string& section : placeSections(otherView)) text += "[" + section + "]\r\n\r\n";
+    return text;
+}
 
 }  // namespace tv

@@ -7,16 +7,14 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "platform/registry.h"
 #include "regwatch/value_entries.h"
+#include "regwatch/watched_locations.h"
 
 namespace tv {
-
-// What Delete Key does with a value of a place: removes it, or, for a value
-// Windows cannot start or log on without, or one that is no value at all,
-// only offers the registry editor.
-enum class GroupRemoval { DeleteValue, EditByHand };
 
 // Where a place's values stand: in its key, or in each of its sub-keys
 // (one entry per service, per program, per component), below `subPath`.
@@ -38,7 +36,10 @@ struct AutostartPlace {
     Reach reach;
     const char* subPath;                 // below each sub-key; "" for the sub-key itself
     std::span<const WatchedValue> values;  // none: every value (a sub-key's name: one entry)
-    GroupRemoval removal;
+    // What Delete Key does: a value Windows cannot start or log on without,
+    // or one that is no value at all (a helper's key), is left to the
+    // registry editor.
+    Removal removal;
     ValueMeaning meaning = ValueMeaning::Command;
 };
 
@@ -65,6 +66,17 @@ struct FileGroup {
     const char* section;
     const char* nodeKey;
 };
+
+// Whether a group has places under the root of `hive`.
+bool reaches(const AutostartGroup& group, std::uint32_t hive);
+// A group's section under the root of `hive` in a view: "LM/SV", "LM/SV/32".
+std::string groupSection(const AutostartGroup& group, std::uint32_t hive, int viewBits);
+// Every section of the places, the groups' in the program's view, then in
+// `otherView` where the system has one (0: none), then the files'.
+std::vector<std::string> placeSections(int otherView);
+// Those sections as a new snapshot holds them, behind the seventeen: each
+// line followed by an empty line, CR LF.
+std::string newPlacesSnapshotText(int otherView);
 
 inline constexpr const char* kFilesRootText = "Files";
 inline constexpr const char* kFilesRootKey = "FILES";

@@ -4,6 +4,7 @@
 
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "regwatch/autostart_groups.h"
 #include "regwatch/reg_class.h"
 #include "regwatch/regwatch_page.h"
 #include "regwatch/snapshot_encoding.h"
@@ -19,7 +20,8 @@ void RegistryPass::checkRegFile() {
     // program holds: its content is then left as it is.
     if (!files.append(ctx_.regFile, "")) return;
     ctx_.regNew = true;
-    files.writeAll(ctx_.regFile, newSnapshotText(ctx_.os.registry.otherViewBits()));
+    const int otherView = ctx_.os.registry.otherViewBits();
+    files.writeAll(ctx_.regFile, newSnapshotText(otherView) + newPlacesSnapshotText(otherView));
     setReg();
 }
 
@@ -41,11 +43,15 @@ void RegistryPass::setReg() {
     std::string tail;
     RegClass reg(ctx_.os.registry);
     for (const WatchedLocation& location : kWatchedLocations) passLocation(reg, location, 0, tail);
-    if (const int otherView = ctx_.os.registry.otherViewBits()) {
-        addMissingSections(otherView);
+    const int otherView = ctx_.os.registry.otherViewBits();
+    if (otherView != 0) {
+        std::vector<std::string> sections;
+        for (const WatchedLocation& location : kWatchedLocations) sections.push_back(sectionOf(location, otherView));
+        addMissingSections(sections);
         for (const WatchedLocation& location : kWatchedLocations) passLocation(reg, location, otherView, tail);
-        recordedSections_.clear();
     }
+    passPlaces(otherView);
+    recordedSections_.clear();
     if (page_.List5.items().size() == 1) {
         page_.List5.addItem(kNoWarnings);
         page_.cScnUpd.setEnabled(false);
@@ -58,16 +64,19 @@ void RegistryPass::setReg() {
 
 // Only a file that holds the seventeen sections is added to: a missing or
 // unreadable snapshot makes every value new, in either view.
-void RegistryPass::addMissingSections(int viewBits) {
+bool RegistryPass::addMissingSections(const std::vector<std::string>& sections) {
     const std::vector<std::string> names = ctx_.os.profiles.sectionNames(ctx_.regFile);
     const auto present = [&names](const std::string& section) {
         return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return sameText(name, section); });
     };
-    if (!present(kWatchedLocations.front().section)) return;
-    for (const WatchedLocation& location : kWatchedLocations) {
-        const std::string section = sectionOf(location, viewBits);
-        if (!present(section) && ctx_.os.profiles.addSection(section, ctx_.regFile)) recordedSections_.insert(section);
+    if (!present(kWatchedLocations.front().section)) return false;
+    bool added = false;
+    for (const std::string& section : sections) {
+        if (present(section) || !ctx_.os.profiles.addSection(section, ctx_.regFile)) continue;
+        recordedSections_.insert(section);
+        added = true;
     }
+    return added;
 }
 
 // The other view of a location shows only where it is a key of its own, under
@@ -87,7 +96,7 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
         const RegText value = reg.getValue(name);
         if (!value.spelledExactly() || !isDefaultOpenCommand(value.text)) {
             RegText stored = storedTextOf(value);
-            const ValuePlace place{&location, viewBits, name};
+            const ValuePlace place{root.hive, location.keyPath, viewBits, name, location.removal};
             // The tree shows the name as the registry has it; a second value
             // with the same text in the group's location gets no node.
             if (tree.addNode(locationKey, valueNodeKey(location.groupIndex, suffix, stored.text), name.text + stored.text))
@@ -106,7 +115,7 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
 }
 
 EntryCheck RegistryPass::checkRegEntry(const RegText& name, RegText& storedText, const std::string& section,
-                                       std::string& key, bool record) {
+                                       std::string& key, bool record, std::string* entryRead) {
     storedText = cutAtNul(storedText);
     key = snapshotKey(name, storedText);
     const std::string line = snapshotText(storedText);
@@ -120,6 +129,7 @@ EntryCheck RegistryPass::checkRegEntry(const RegText& name, RegText& storedText,
     // Read whole: a line may be longer than the 250 characters of the other
     // profile reads (a long binary value), and a cut one would never match.
     const std::string entry = ctx_.os.profiles.get(section, key, kSnapshotTextChars + 2, ctx_.regFile);
+    if (entryRead) *entryRead = entry;
     if (entry.empty()) return EntryCheck::New;
     return storedTextChanged(line, entry) ? EntryCheck::Modified : EntryCheck::Unchanged;
 }

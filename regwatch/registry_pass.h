@@ -16,6 +16,7 @@
 
 #include "core/app_context.h"
 #include "regwatch/registry_text.h"
+#include "regwatch/value_entries.h"
 #include "regwatch/watched_locations.h"
 
 namespace tv {
@@ -25,6 +26,7 @@ class RegWatchPage;
 }
 
 class RegClass;
+struct AutostartGroup;
 
 class RegistryPass {
 public:
@@ -44,9 +46,10 @@ public:
 
     // One value against its snapshot line in `section`. `storedText` is cut
     // at its first NUL; `key` becomes the line's key (the name the warning
-    // shows). With `record` the line is written instead.
+    // shows). With `record` the line is written instead; otherwise `entry`,
+    // when given, receives the line's text as read.
     EntryCheck checkRegEntry(const RegText& name, RegText& storedText, const std::string& section, std::string& key,
-                             bool record);
+                             bool record, std::string* entry = nullptr);
 
     // Where the value of a warning row (its index in List5) or of a tree node
     // stands, as the last pass found it.
@@ -55,10 +58,20 @@ public:
 
 private:
     void passLocation(RegClass& reg, const WatchedLocation& location, int viewBits, std::string& tail);
-    // The other view's sections that a snapshot of the seventeen lacks are
-    // added, and their locations recorded in this pass: a snapshot from
-    // before they were watched would otherwise warn of every value in them.
-    void addMissingSections(int viewBits);
+    // The sections that a snapshot of the seventeen lacks (the other view's,
+    // the places watched after the seventeen) are added, and their values
+    // recorded in this pass: a snapshot from before they were watched would
+    // otherwise warn of every value in them. True when any was added.
+    bool addMissingSections(const std::vector<std::string>& sections);
+
+    // The places after the seventeen (registry_pass_places.cpp): each group
+    // under each root it reaches, in each view, then the watched files.
+    struct PlaceNode;
+    void passPlaces(int otherView);
+    void passGroup(const AutostartGroup& group, const WatchedRoot& root, int viewBits);
+    void passFileGroups();
+    void passEntry(const PlaceNode& node, const RegText& name, const std::string& value, EntrySplit split,
+                   const ValuePlace& place);
 
     AppContext& ctx_;
     ui::RegWatchPage& page_;

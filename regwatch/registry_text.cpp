@@ -81,7 +81,9 @@ std::string warningRow(std::string_view rootText, std::string_view tail, std::st
     row += '\\';
     row += name;
     row += storedText;
-    row += result == EntryCheck::New ? " New Entry!" : " Entry Modified!";
+    row += result == EntryCheck::New       ? " New Entry!"
+           : result == EntryCheck::Removed ? " Entry Removed!"
+                                           : " Entry Modified!";
     return row;
 }
 

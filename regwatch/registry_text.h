@@ -43,7 +43,8 @@ RegText cutAtNul(const RegText& text);
 // of blanks at their ends, then compared exactly.
 bool storedTextChanged(std::string_view storedText, std::string_view entry);
 
-enum class EntryCheck : std::int16_t { Unchanged = 0, New = 1, Modified = 2 };
+// Removed: an entry gone from a value that holds several (a list of DLLs).
+enum class EntryCheck : std::int16_t { Unchanged = 0, New = 1, Modified = 2, Removed = 3 };
 
 inline constexpr const char* kWarningsHeading = "New and Modified Registry Entry Warnings";
 inline constexpr const char* kNoWarnings = "*No new or modified Registry Entries*";

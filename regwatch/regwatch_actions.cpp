@@ -6,6 +6,7 @@
 #include "logging/write_log.h"
 #include "regwatch/file_path_cut.h"
 #include "regwatch/pending_boot.h"
+#include "regwatch/autostart_groups.h"
 #include "regwatch/reg_class.h"
 #include "regwatch/registry_pass.h"
 #include "regwatch/regwatch_page.h"
@@ -50,6 +51,13 @@ void RegWatchActions::enableEntryButtons(bool enabled) {
     if (!enabled) selPlace_.reset();
 }
 
+// A watched file is scanned like a value, but Delete Key does not apply to it.
+void RegWatchActions::choosePlace(std::optional<ValuePlace> place) {
+    enableEntryButtons(true);
+    selPlace_ = std::move(place);
+    if (selPlace_ && selPlace_->removal == Removal::NotAValue) page_.Command3.setEnabled(false);
+}
+
 // A Refresh while a pass runs is the running pass's own: it starts nothing.
 void RegWatchActions::refresh() {
     if (pass_.running()) return;
@@ -71,8 +79,7 @@ void RegWatchActions::warningChosen() {
         enableEntryButtons(false);
         return;
     }
-    enableEntryButtons(true);
-    selPlace_ = pass_.warningPlace(static_cast<std::size_t>(index));
+    choosePlace(pass_.warningPlace(static_cast<std::size_t>(index)));
     std::string row = rows[static_cast<std::size_t>(index)];
     selEntry_ = inFrontOf(withTrailingBackslash(row), "\\");
     if (rightText(row, 2) != ") ") {
@@ -84,8 +91,8 @@ void RegWatchActions::warningChosen() {
     list.setToolTip(row);
 }
 
-// A value's node: roots and locations (whose parent reads "HKEY...") are no
-// entries. The full path gives the root and the location's label.
+// A value's node: roots and locations (whose parent reads "HKEY..." or is
+// the root of the watched files) are no entries. The full path gives the root and the location's label.
 void RegWatchActions::nodeChosen() {
     const ui::Control& tree = page_.TreeView1;
     const std::size_t node = tree.selectedNode();
@@ -93,12 +100,11 @@ void RegWatchActions::nodeChosen() {
     const auto& nodes = tree.nodes();
     std::string parentText = nodes[node].parent == ui::kNoNode ? std::string() : nodes[nodes[node].parent].text;
     if (parentText.empty()) parentText = "HKEY";
-    if (leftText(parentText, 4) == "HKEY") {
+    if (leftText(parentText, 4) == "HKEY" || parentText == kFilesRootText) {
         enableEntryButtons(false);
         return;
     }
-    enableEntryButtons(true);
-    selPlace_ = pass_.nodePlace(node);
+    choosePlace(pass_.nodePlace(node));
     page_.Label19.setCaption(nodes[node].text);
     page_.Text4.setCaption(nodes[node].text);
     const std::string path = withTrailingBackslash(tree.fullPath(node));
@@ -118,23 +124,23 @@ void RegWatchActions::pendingFileChosen() {
 // in the key where the pass found it, by its exact name. A shell\open\command
 // value is part of how programs start at all, and is never deleted.
 void RegWatchActions::deleteKey() {
-    if (!selPlace_) return;
+    if (!selPlace_ || selPlace_->removal == Removal::NotAValue) return;
     const ValuePlace place = *selPlace_;
-    const WatchedLocation& location = *place.location;
-    if (location.removal == Removal::EditByHand) {
+    if (place.removal == Removal::EditByHand) {
         if (ctx_.os.boxes.show("This key will not be deleted.\r\nYou must change the value manually. Would you "
                                "like to open the Registry for Editing now?",
                                "Caution", box::YesNo) != box::No)
             ctx_.os.processes.start("regedit.exe", show::MinimizedFocus);
         return;
     }
-    const WatchedRoot& root = kWatchedRoots[location.root];
+    const WatchedRoot* root = watchedRootOf(place.hive);
+    if (!root) return;
     const std::string question = "WARNING!\r\nYou are about to Delete the key: " + shownName(place.name) +
-                                 "\r\nFrom: " + rootTextOf(root, place.viewBits) + "\\" + location.keyPath +
+                                 "\r\nFrom: " + rootTextOf(*root, place.viewBits) + "\\" + place.keyPath +
                                  "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
     if (ctx_.os.boxes.show(question, kAppTitle, box::YesNo) == box::No) return;
     RegClass reg(ctx_.os.registry);
-    reg.openRegistry(root.hive, location.keyPath, place.viewBits == 0 ? RegView::Native : RegView::Other);
+    reg.openRegistry(place.hive, place.keyPath, place.viewBits == 0 ? RegView::Native : RegView::Other);
     reg.deleteKey(place.name);  // says nothing: the refresh shows whether the value went
     reg.closeRegistry();
     page_.Text4.setCaption({});

@@ -52,6 +52,7 @@ public:
 
 private:
     void enableEntryButtons(bool enabled);
+    void choosePlace(std::optional<ValuePlace> place);
 
     AppContext& ctx_;
     ui::RegWatchPage& page_;

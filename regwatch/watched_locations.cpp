@@ -13,6 +13,12 @@ std::string newSnapshotText(int otherViewBits) {
     return text;
 }
 
+const WatchedRoot* watchedRootOf(std::uint32_t hive) {
+    for (const WatchedRoot& root : kWatchedRoots)
+        if (root.hive == hive) return &root;
+    return nullptr;
+}
+
 std::string viewSuffix(int viewBits) { return viewBits == 0 ? std::string() : "/" + std::to_string(viewBits); }
 
 std::string sectionOf(const WatchedLocation& location, int viewBits) {

@@ -27,8 +27,9 @@ inline constexpr std::array<WatchedRoot, 3> kWatchedRoots{{
 }};
 
 // What Delete Key does with a location's value: removes it, or, for the keys
-// through which every program of a type starts, only offers the registry editor.
-enum class Removal { DeleteValue, EditByHand };
+// through which every program of a type starts, only offers the registry
+// editor. A watched file is no value: Delete Key leaves it to Explorer.
+enum class Removal { DeleteValue, EditByHand, NotAValue };
 
 struct WatchedLocation {
     std::size_t root;     // index into kWatchedRoots
@@ -82,11 +83,17 @@ std::string viewSuffix(int viewBits);
 std::string sectionOf(const WatchedLocation& location, int viewBits);
 std::string rootTextOf(const WatchedRoot& root, int viewBits);
 
-// Where the value of a warning row or of a tree node stands.
+// Where the value of a warning row or of a tree node stands: its root, key,
+// view and name, and what Delete Key does with it.
 struct ValuePlace {
-    const WatchedLocation* location = nullptr;
+    std::uint32_t hive = 0;
+    std::string keyPath;
     int viewBits = 0;
     RegText name;  // exactly as the registry holds it
+    Removal removal = Removal::NotAValue;
 };
+
+// The root of that handle, in the table above; nullptr for none of them.
+const WatchedRoot* watchedRootOf(std::uint32_t hive);
 
 }  // namespace tv

@@ -8,12 +8,10 @@
 #include <string>
 
 #include "core/app_context.h"
+#include "core/file_utils.h"
 
 namespace tv {
 
-inline constexpr int kUserStartupFolder = 7;
-inline constexpr int kCommonStartupFolder = 24;
-inline constexpr int kProgramsFolder = 2;
 
 // True when this copy is Tarvelon installed for all users (a setup's entry in
 // the machine's list of installed programs names its folder) and runs with the
