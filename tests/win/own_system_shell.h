@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -10,16 +11,22 @@
 
 namespace tv::test {
 
-// The real Windows shell, but with a system directory of the test's own and
-// the folder dialog answered from a script (cancelled when the script is empty).
+// The real Windows shell, but, where given, with a system directory, a Windows
+// folder and special folders of the caller's own, and the folder dialog
+// answered from a script (cancelled when the script is empty).
 struct OwnSystemShell final : Shell {
     win32::Win32Shell real;
-    std::string system;
+    std::string system, windows;
+    std::map<int, std::string> special;  // by folder number
     std::deque<std::string> folderChoices;
     std::vector<std::string> folderTitles;
-    std::string systemDirectory(std::size_t) const override { return system; }
-    std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
-    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
+    std::string systemDirectory(std::size_t n) const override { return system.empty() ? real.systemDirectory(n) : system; }
+    std::string windowsDirectoryBuffer(std::size_t n) const override {
+        return windows.empty() ? real.windowsDirectoryBuffer(n) : windows + '\0';
+    }
+    std::string specialFolder(int csidl, std::size_t n) const override {
+        return special.count(csidl) ? special.at(csidl) : real.specialFolder(csidl, n);
+    }
     std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
     std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
         return real.openFileDialog(o, t, f, n);

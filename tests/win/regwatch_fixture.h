@@ -1,11 +1,13 @@
 // The RegWatch page over the real registry calls and profile files. The three roots are mapped, for this
 // process, to empty keys of the test's own, so that the watched keys hold only what the test puts
-// there; those keys are volatile, never saved, so Wine never starts what they name.
+// there; those keys are volatile, never saved, so Wine never starts what they name. The shell is the real
+// one, with folders of the test's own where a test names them (ownShell).
 #pragma once
 
 #include "regwatch/reg_class.h"
 #include "regwatch/registry_pass.h"
 #include "regwatch/regwatch_actions.h"
+#include "tests/win/own_system_shell.h"
 #include "tests/win/win_fixture.h"
 #include "ui/main_window.h"
 
@@ -69,7 +71,9 @@ protected:
     std::size_t node(const std::string& key) const { return page.TreeView1.nodeIndex(key); }
     int entryButtons() const { return page.Command3.enabled() + page.Command11.enabled(); }  // they go together
 
-    AppContext ctx{set()};
+    OwnSystemShell ownShell;
+    AppContext ctx{{files, profiles, ownShell, boxes, processes, loop, renderer, registry, clock, windows, power,
+                    shortcuts}};
     ui::MainWindow main;
     ui::RegWatchPage& page = main.regWatch;
     RegistryPass pass{ctx, page};

@@ -2,6 +2,7 @@
 #include <set>
 
 #include "core/text.h"
+#include "regwatch/autostart_groups.h"
 #include "tests/win/regwatch_fixture.h"
 #include "ui/main_actions.h"
 
@@ -76,8 +77,9 @@ TEST_F(RegWatchTest, RegistryPassRecordsEachLocationInItsSectionOrFindsAllNewWit
         snapshot += "[" + l.section + "]\r\nTv-" + l.section + "=(C:\\" + l.section + ".exe)\r\n";
         others += "[" + l.section + "/32]\r\n";
     }
-    sections += replaceText(others, "\r\n", "\r\n\r\n");
-    snapshot += others;
+    const std::string places = newPlacesSnapshotText(32);  // the places watched after the seventeen, behind them
+    sections += replaceText(others, "\r\n", "\r\n\r\n") + places;
+    snapshot += others + replaceText(places, "\r\n\r\n", "\r\n");
     pass.checkRegFile();
     EXPECT_EQ(readFile("Data\\Registry.dat"), sections);
     for (const auto& l : locations) putText(l.root, l.key, "Tv-" + l.section, "C:\\" + l.section + ".exe");
@@ -88,7 +90,7 @@ TEST_F(RegWatchTest, RegistryPassRecordsEachLocationInItsSectionOrFindsAllNewWit
     for (std::size_t n = 0; n < page.TreeView1.nodes().size(); ++n) nodes.insert(page.TreeView1.fullPath(n));
     for (const auto& l : locations)
         EXPECT_TRUE(nodes.count(l.node + "\\Tv-" + l.section + " (C:\\" + l.section + ".exe)")) << l.section;
-    EXPECT_EQ(nodes.size(), 3u + 17u + 17u);
+    EXPECT_EQ(nodes.size(), 3u + 17u + 17u + placeSections(0).size() + 1u);  // and a node for each place, and "Files"
     EXPECT_EQ(warnings(), noWarnings);  // a recording pass warns of nothing
     EXPECT_FALSE(page.cScnUpd.enabled() || ctx.regNew);
     pass.checkRegFile();  // a snapshot that is there stays as it is
