@@ -16,45 +16,19 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "bench/timing.h"
 #include "core/text.h"
-#include "platform/win32/win32_platform.h"
-#include "platform/win32/win32_renderer.h"
-#include "regwatch/registry_pass.h"
+#include "bench/regwatch_window.h"
+#include "tests/win/own_system_shell.h"
 #include "regwatch/registry_text.h"
-#include "ui/main_window.h"
 
 namespace {
 
 using tv::bench::median;
 using tv::bench::timed;
-
-struct SilentBoxes final : tv::MessageBoxes {
-    int show(const std::string&, const std::string&, unsigned) override { return tv::box::Ok; }
-};
-
-// The real shell, with a Windows folder of the bench's own when one is given.
-struct BenchShell final : tv::Shell {
-    tv::win32::Win32Shell real;
-    std::string windows;
-    std::string systemDirectory(std::size_t n) const override { return real.systemDirectory(n); }
-    std::string windowsDirectoryBuffer(std::size_t n) const override {
-        if (windows.empty()) return real.windowsDirectoryBuffer(n);
-        std::string buffer(n, '\0');
-        buffer.replace(0, windows.size(), windows);
-        return buffer;
-    }
-    std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
-    std::string searchTree(const std::string& r, const std::string& f) const override { return real.searchTree(r, f); }
-    std::string openFileDialog(tv::NativeWindow, const std::string&, const std::string&, std::size_t) override {
-        return {};
-    }
-    std::string browseForFolder(const std::string&) override { return {}; }
-    std::string shortPathBuffer(const std::string& p, std::size_t n) const override { return real.shortPathBuffer(p, n); }
-    int openDocument(const std::string&, const std::string&, const std::string&) override { return 0; }
-};
 
 HKEY madeKey(HKEY root, const std::string& path) {
     HKEY key = nullptr;
@@ -138,22 +112,9 @@ int main(int argc, char** argv) {
     const int repetitions = std::max(1, std::atoi(argv[planted ? 3 : 2]));
     ::CoInitialize(nullptr);
 
-    tv::win32::Win32System system;
-    BenchShell shell;
-    SilentBoxes boxes;
-    tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
-    tv::AppContext ctx({system.files, system.profiles, shell, boxes, system.processes, system.loop, renderer,
-                        system.registry, system.clock, system.windows, system.power, system.shortcuts});
-    ctx.appPath = argv[planted ? 4 : 3];
-    ctx.regFile = ctx.appPath + "Data\\Registry.dat";
-    system.files.makeFolder(ctx.appPath + "Data\\");
-
-    tv::ui::MainWindow window;
-    renderer.attach(window);
-    window.norms2();
-    window.regF.setVisible(true);
-    window.setVisible(true);
-    tv::RegistryPass pass(ctx, window.regWatch);
+    tv::test::OwnSystemShell shell;  // with a Windows folder of the bench's own when one is given
+    tv::bench::RegWatchWindow page(argv[planted ? 4 : 3], &shell);
+    auto [system, ctx, window, pass] = std::tie(page.system, page.ctx, page.window, page.pass);
     // Mapped once the window stands, which reads the machine's settings.
     std::unique_ptr<OwnRegistry> own;
     if (planted) {

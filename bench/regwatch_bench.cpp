@@ -15,14 +15,12 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "bench/timing.h"
-#include "platform/win32/win32_platform.h"
-#include "platform/win32/win32_renderer.h"
-#include "regwatch/registry_pass.h"
+#include "bench/regwatch_window.h"
 #include "regwatch/registry_text.h"
-#include "ui/main_window.h"
 
 namespace {
 
@@ -30,10 +28,6 @@ using tv::bench::median;
 using tv::bench::timed;
 
 constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-
-struct SilentBoxes final : tv::MessageBoxes {
-    int show(const std::string&, const std::string&, unsigned) override { return tv::box::Ok; }
-};
 
 // Names and commands as varied as those of a real machine's Run keys: they
 // differ from their first letter on.
@@ -80,21 +74,8 @@ int main(int argc, char** argv) {
     const int count = std::atoi(argv[1]);
     const int repetitions = std::max(1, std::atoi(argv[2]));
 
-    tv::win32::Win32System system;
-    SilentBoxes boxes;
-    tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
-    tv::AppContext ctx({system.files, system.profiles, system.shell, boxes, system.processes, system.loop, renderer,
-                        system.registry, system.clock, system.windows, system.power, system.shortcuts});
-    ctx.appPath = argv[3];
-    ctx.regFile = ctx.appPath + "Data\\Registry.dat";
-    system.files.makeFolder(ctx.appPath + "Data\\");
-
-    tv::ui::MainWindow window;
-    renderer.attach(window);
-    window.norms2();
-    window.regF.setVisible(true);
-    window.setVisible(true);
-    tv::RegistryPass pass(ctx, window.regWatch);
+    tv::bench::RegWatchWindow page(argv[3]);
+    auto [system, ctx, window, pass] = std::tie(page.system, page.ctx, page.window, page.pass);
 
     if (!putValues(count, false)) {
         std::fprintf(stderr, "regwatch_bench: the values could not be put into the registry\n");

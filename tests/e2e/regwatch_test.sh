@@ -32,7 +32,11 @@ export TARVELON_FAKESCAN_LOG
 TARVELON_FAKESCAN_LOG=$(windows_path "$WORK/scans.log")
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
-[ "$(grep -c '^\[' "$app/Data/Registry.dat")" == 17 ] || fail "the first start made no snapshot of seventeen sections"
+seventeen="[LM/R] [LM/RO] [LM/ROX] [LM/RS] [LM/RSO] [LM/SE] [LM/SC] [LM/SB] [LM/SH] [LM/SP] [CU/R] [CU/RO] [CR/SE] [CR/SC]"
+seventeen+=" [CR/SB] [CR/SH] [CR/SP]"
+[ "$(grep '^\[' "$app/Data/Registry.dat" | head -17 | tr -d '\r' | paste -sd' ')" == "$seventeen" ] ||
+    fail "the first start made no snapshot that begins with the seventeen sections"
+grep -q '^\[FS/ST\]' "$app/Data/Registry.dat" || fail "the first start's snapshot lacks the places after the seventeen"
 
 # The page shows what the start-up pass left; Refresh shows the new value.
 wine reg add "$run" /v TarvelonE2E /d "$dir\\new-tool.exe /autorun" /f >"$WORK/.reg" 2>&1 || fail "cannot add a Run value"
