@@ -91,6 +91,7 @@ TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValuesAndAnUnwritableOneStil
     EXPECT_EQ(std::make_tuple(run.ctx.readBuffer, run.ctx.passCount, run.ctx.algoName, run.ctx.quoteChar),
               std::make_tuple(65536, 500, std::string("crc32"), std::string("\"")));
     EXPECT_TRUE(run.main.Frame2.shown());
+    EXPECT_TRUE(run.os.files.content(kSettings)->starts_with("[Tarvelon]\r\nsettings=0,0,0,0,0,0,0,0\r\n"));
 
     Start nowhere;
     nowhere.os.processes.path = "Q:\\Gone\\TarvelonLow.exe";

@@ -215,22 +215,16 @@ protected:
         real.attach(form);
         form.setVisible(true);
     }
-    HWND childNamed(const std::string& name) {
-        const auto nameOf = [](HWND hwnd) {
-            char text[64] = {};
-            ::GlobalGetAtomNameA(static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(hwnd, "TarvelonName"))), text,
-                                 sizeof text);
-            return std::string(text);
-        };
-        HWND top = reinterpret_cast<HWND>(form.nativeWindow());
-        for (HWND child = ::FindWindowExA(top, nullptr, nullptr, nullptr); child;
-             child = ::FindWindowExA(top, child, nullptr, nullptr)) {
-            if (nameOf(child) == name) return child;
-            for (HWND inner = ::FindWindowExA(child, nullptr, nullptr, nullptr); inner;
-                 inner = ::FindWindowExA(child, inner, nullptr, nullptr))
-                if (nameOf(inner) == name) return inner;
-        }
-        return nullptr;
+    HWND childNamed(const std::string& name) {  // among every window below the form
+        std::pair<std::string, HWND> wanted{name, nullptr};
+        ::EnumChildWindows(reinterpret_cast<HWND>(form.nativeWindow()), [](HWND hwnd, LPARAM found) -> BOOL {
+            auto& [text, window] = *reinterpret_cast<std::pair<std::string, HWND>*>(found);
+            char own[64] = {};
+            ::GlobalGetAtomNameA(static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(hwnd, "TarvelonName"))), own, 64);
+            if (text == own) window = hwnd;
+            return window == nullptr;
+        }, reinterpret_cast<LPARAM>(&wanted));
+        return wanted.second;
     }
     static void command(HWND control, int code) {
         ::SendMessageA(::GetParent(control), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(control), code),
