@@ -161,24 +161,28 @@ TEST_F(Platform, ChecksumsOfFilesThatAreLockedGrowPastFourGigabytesOrChangeWhile
 
 // Scanners are real processes started from one command line with no command
 // interpreter between, and only the program the line names: not one planted
-// where the system would look first for an unquoted path with a blank.
+// where the system would look first for an unquoted path with blanks, nor one
+// at a shorter beginning of it with an extension ("Scan 7.5").
 TEST_F(Platform, ScannerGetsItsCommandLineUnchangedAndAPlantedProgramNeverRuns) {
     win32::Win32Processes real;
     AppContext launching{{files, profiles, shell, boxes, real, loop, renderer, registry, clock, windows, power, shortcuts}};
-    files.makeFolder(path("Scan Tools"));
-    const std::string scanner = path("Scan Tools\\fakescan.exe");
-    ASSERT_TRUE(files.copy(fakeScannerPath(), scanner));
-    ASSERT_TRUE(files.copy(fakeScannerPath(), path("Scan.exe")));
+    files.makeFolder(path("Scan 7.5 Tools"));
+    const std::string scanner = path("Scan 7.5 Tools\\fakescan.exe");
+    for (const std::string& copy : {scanner, path("Scan.exe"), path("Scan 7.5")})
+        ASSERT_TRUE(files.copy(fakeScannerPath(), copy)) << copy;
     ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG", path("scans.log").c_str());
-    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG_SCAN", path("planted.log").c_str());
+    for (const char* planted : {"TARVELON_FAKESCAN_LOG_SCAN", "TARVELON_FAKESCAN_LOG_SCAN 7"})
+        ::SetEnvironmentVariableA(planted, path("planted.log").c_str());
     const std::string batch = "\"C:\\x|y&z^w%PATH%.dll\" C:\\plain.dll ";
     ASSERT_TRUE(startScanners(launching, {scanner, "/a", " ", "ignored"}, batch));  // a blank second exe is none
     EXPECT_EQ(scannerLog("scans.log"), scanner + " /a " + batch + "\r\n");
+    files.remove(path("Scan 7.5"));  // the longest beginning left once the scanner is gone: not tried here
     for (const DWORD start = ::GetTickCount(); !files.remove(scanner); ::Sleep(20))
         ASSERT_LT(::GetTickCount() - start, 20000u) << "the scanner still runs";
     EXPECT_FALSE(runScanner(launching, scanner + "  \"C:\\a b.dll\" "));  // the scanner gone: nothing in its place
     EXPECT_FALSE(files.length(path("planted.log")));
     ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG_SCAN", nullptr);
+    ::SetEnvironmentVariableA("TARVELON_FAKESCAN_LOG_SCAN 7", nullptr);
 
     writeFile("A Long File Name.dll", "x");
     const std::string shortName = toShortPath(ctx, path("A Long File Name.dll"));
