@@ -121,7 +121,7 @@ void RegWatchActions::deleteKey() {
     if (!selPlace_) return;
     const ValuePlace place = *selPlace_;
     const WatchedLocation& location = *place.location;
-    if (location.removal == Removal::EditByHand) {
+    if (location.removal() == Removal::EditByHand) {
         if (ctx_.os.boxes.show("This key will not be deleted.\r\nYou must change the value manually. Would you "
                                "like to open the Registry for Editing now?",
                                "Caution", box::YesNo) != box::No)
