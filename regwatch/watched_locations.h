@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/registry.h"
 
@@ -36,40 +37,35 @@ struct WatchedLocation {
     int groupIndex;       // 1-based place inside its root's group
     const char* section;  // the snapshot's section name
     const char* keyPath;
-    const char* label;  // the location's node in the tree
+    const char* label;    // the location's node in the tree
     const char* nodeKey;
-    Removal removal;
+
+    // The shell\open\command keys are part of how programs start at all.
+    Removal removal() const {
+        return std::string_view(keyPath).ends_with("shell\\open\\command") ? Removal::EditByHand : Removal::DeleteValue;
+    }
 };
 
 // In the order of the pass: the machine's ten, the user's two, the classes' five.
 inline constexpr std::array<WatchedLocation, 17> kWatchedLocations{{
-    {0, 1, "LM/R", "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Loaded in Run", "!LLIR", Removal::DeleteValue},
-    {0, 2, "LM/RO", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce", "Loaded in RunOnce", "!LLIRO",
-     Removal::DeleteValue},
-    {0, 3, "LM/ROX", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnceEx", "Loaded in RunOnceEx", "!LLIROX",
-     Removal::DeleteValue},
-    {0, 4, "LM/RS", "Software\\Microsoft\\Windows\\CurrentVersion\\RunServices", "Loaded in RunServices", "!LLIRS",
-     Removal::DeleteValue},
+    {0, 1, "LM/R", "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Loaded in Run", "!LLIR"},
+    {0, 2, "LM/RO", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce", "Loaded in RunOnce", "!LLIRO"},
+    {0, 3, "LM/ROX", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnceEx", "Loaded in RunOnceEx", "!LLIROX"},
+    {0, 4, "LM/RS", "Software\\Microsoft\\Windows\\CurrentVersion\\RunServices", "Loaded in RunServices", "!LLIRS"},
     {0, 5, "LM/RSO", "Software\\Microsoft\\Windows\\CurrentVersion\\RunServicesOnce", "Loaded in RunServicesOnce",
-     "!LLIRSO", Removal::DeleteValue},
-    {0, 6, "LM/SE", "Software\\CLASSES\\exefile\\shell\\open\\command", "Spawned with EXE's", "!LSWE",
-     Removal::EditByHand},
-    {0, 7, "LM/SC", "Software\\CLASSES\\comfile\\shell\\open\\command", "Spawned with COM's", "!LSWC",
-     Removal::EditByHand},
-    {0, 8, "LM/SB", "Software\\CLASSES\\batfile\\shell\\open\\command", "Spawned with BAT's", "!LSWB",
-     Removal::EditByHand},
-    {0, 9, "LM/SH", "Software\\CLASSES\\htafile\\shell\\open\\command", "Spawned with HTA's", "!LSWH",
-     Removal::EditByHand},
-    {0, 10, "LM/SP", "Software\\CLASSES\\piffile\\shell\\open\\command", "Spawned with PIF's", "!LSWP",
-     Removal::EditByHand},
-    {1, 1, "CU/R", "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Loaded in Run", "!ULIR", Removal::DeleteValue},
-    {1, 2, "CU/RO", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce", "Loaded in RunOnce", "!ULIRO",
-     Removal::DeleteValue},
-    {2, 1, "CR/SE", "exefile\\shell\\open\\command", "Spawned with EXE's", "!RSWE", Removal::EditByHand},
-    {2, 2, "CR/SC", "comfile\\shell\\open\\command", "Spawned with COM's", "!RSWC", Removal::EditByHand},
-    {2, 3, "CR/SB", "batfile\\shell\\open\\command", "Spawned with BAT's", "!RSWB", Removal::EditByHand},
-    {2, 4, "CR/SH", "htafile\\shell\\open\\command", "Spawned with HTA's", "!RSWH", Removal::EditByHand},
-    {2, 5, "CR/SP", "piffile\\shell\\open\\command", "Spawned with PIF's", "!RSWP", Removal::EditByHand},
+     "!LLIRSO"},
+    {0, 6, "LM/SE", "Software\\CLASSES\\exefile\\shell\\open\\command", "Spawned with EXE's", "!LSWE"},
+    {0, 7, "LM/SC", "Software\\CLASSES\\comfile\\shell\\open\\command", "Spawned with COM's", "!LSWC"},
+    {0, 8, "LM/SB", "Software\\CLASSES\\batfile\\shell\\open\\command", "Spawned with BAT's", "!LSWB"},
+    {0, 9, "LM/SH", "Software\\CLASSES\\htafile\\shell\\open\\command", "Spawned with HTA's", "!LSWH"},
+    {0, 10, "LM/SP", "Software\\CLASSES\\piffile\\shell\\open\\command", "Spawned with PIF's", "!LSWP"},
+    {1, 1, "CU/R", "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Loaded in Run", "!ULIR"},
+    {1, 2, "CU/RO", "Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce", "Loaded in RunOnce", "!ULIRO"},
+    {2, 1, "CR/SE", "exefile\\shell\\open\\command", "Spawned with EXE's", "!RSWE"},
+    {2, 2, "CR/SC", "comfile\\shell\\open\\command", "Spawned with COM's", "!RSWC"},
+    {2, 3, "CR/SB", "batfile\\shell\\open\\command", "Spawned with BAT's", "!RSWB"},
+    {2, 4, "CR/SH", "htafile\\shell\\open\\command", "Spawned with HTA's", "!RSWH"},
+    {2, 5, "CR/SP", "piffile\\shell\\open\\command", "Spawned with PIF's", "!RSWP"},
 }};
 
 // A new snapshot file: every section line followed by an empty line, CR LF;

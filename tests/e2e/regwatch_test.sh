@@ -34,8 +34,8 @@ start_program "$app" ""
 auto wait-window "$main" >/dev/null
 seventeen="[LM/R] [LM/RO] [LM/ROX] [LM/RS] [LM/RSO] [LM/SE] [LM/SC] [LM/SB] [LM/SH] [LM/SP] [CU/R] [CU/RO] [CR/SE] [CR/SC]"
 seventeen+=" [CR/SB] [CR/SH] [CR/SP]"
-[ "$(grep '^\[' "$app/Data/Registry.dat" | head -17 | tr -d '\r' | paste -sd' ')" == "$seventeen" ] ||
-    fail "the first start made no snapshot that begins with the seventeen sections"
+[ "$(grep '^\[' "$app/Data/Registry.dat" | head -34 | tr -d '\r' | paste -sd' ')" == "$seventeen ${seventeen//]//32]}" ] ||
+    fail "the first start made no snapshot that begins with the seventeen sections, then the 32-bit view's"
 grep -q '^\[FS/ST\]' "$app/Data/Registry.dat" || fail "the first start's snapshot lacks the places after the seventeen"
 
 # The page shows what the start-up pass left; Refresh shows the new value.

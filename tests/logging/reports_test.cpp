@@ -73,6 +73,32 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
 }
 
+// Two reports of one second keep a file and a node each; a path with a blank
+// or a comma stays whole in the report, and goes to the scanner as one item
+// also with quoting off. A report of the former kind opens as it always did.
+TEST_F(Reports, ReportsOfOneSecondAndPathsWithBlanksStayWhole) {
+    os.clock.now = {"3/5/2006", "3:04:07 PM"};
+    ASSERT_EQ(writeLog(ctx, "First,", {"\"C:\\P F\\x.dll\" ", " \"C:\\a,b.dll\"", "C:\\c.dll "}), LogOutcome::Written);
+    ASSERT_EQ(writeLog(ctx, "Second,", {"C:\\second.dll "}), LogOutcome::Written);
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "First,\"C:\\P F\\x.dll\",\"C:\\a,b.dll\",C:\\c.dll\r\n");
+    report("03-04-2006(1_00_00AM).log", "Former,C:\\Program,Files\\y.dll\r\n");
+    page.cReports.userClick();
+    EXPECT_EQ(tree(), (Texts{"03-04-2006", "03-04-2006\\1:00:00 AM", "03-05-2006", "03-05-2006\\3:04:07 PM",
+                             "03-05-2006\\3:04:07 PM"}));
+    Texts opened;
+    for (const std::size_t node : {1, 3, 4}) {
+        tree_.userSelectNode(node);
+        page.cViewReport.userClick();
+        for (const std::string& entry : list) opened.push_back(entry);
+    }
+    EXPECT_EQ(opened, (Texts{"Former", "C:\\Program", "Files\\y.dll", "Second", "C:\\second.dll", "First",
+                             "C:\\P F\\x.dll", "C:\\a,b.dll", "C:\\c.dll"}));
+    ctx.quoteChar.clear();
+    ctx.passCount = 3;
+    click(window.report.cScnLog, {box::Ok});
+    EXPECT_EQ(os.processes.started.back().first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
+}
+
 // A date is padded as in the report's name; a time gets its colons and its
 // blank before AM or PM. The nodes come as the folder lists the names: here
 // its folders first, then its files by name.

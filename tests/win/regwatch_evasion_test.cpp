@@ -23,15 +23,20 @@ protected:
                          static_cast<DWORD>((data.size() + 1) * 2));
         ::RegCloseKey(run);
     }
-    void deleteRow(std::size_t row) {
+    // Deletes the value of warning row `row`, answering Yes; the question asked.
+    std::string deleteRow(std::size_t row) {
         page.List5.userSetValue(static_cast<int>(row));
         boxes.answers = {box::Yes};
         page.Command3.userClick();
+        return boxes.shown.empty() ? std::string() : boxes.shown.back().prompt;
+    }
+    static std::string question(const std::string& name, const std::string& from) {
+        return "WARNING!\r\nYou are about to Delete the key: " + name + "\r\nFrom: " + from + kQuestionEnd;
     }
     std::string snapshot() const { return readFile("Data\\Registry.dat"); }
 };
 
-TEST_F(EvasionTest, AnOrdinaryMachineKeepsItsLinesTextsAndQuestions) {
+TEST_F(EvasionTest, AnOrdinaryMachineKeepsItsLinesRowsAndQuestions) {
     putText(CU, kRun, "Mail Check", "\"C:\\Program Files\\Mail\\check.exe\" -q");
     putText(CU, kRun, "TvUpdater", "C:\\Tools\\updater.exe /min");
     put(CU, kRun, "TvExpand", REG_EXPAND_SZ, "%windir%\\x.exe\0"s);
@@ -54,10 +59,7 @@ TEST_F(EvasionTest, AnOrdinaryMachineKeepsItsLinesTextsAndQuestions) {
     EXPECT_EQ(warnings(), (Texts{"HKEY_LOCAL_MACHINE|Loaded in RunOnce\\TvOnce (C:\\once.exe) New Entry!",
                             "HKEY_CURRENT_USER|Loaded in RunOnce\\TvUpdater (C:\\Tools\\new.exe) Entry Modified!"}));
     // The user's row reads "RunOnce", which the machine's row left there; its value is under Run.
-    deleteRow(2);
-    EXPECT_EQ(boxes.shown.at(0).prompt, "WARNING!\r\nYou are about to Delete the key: TvUpdater\r\nFrom: "
-                                        "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run" +
-                                            std::string(kQuestionEnd));
+    EXPECT_EQ(deleteRow(2), question("TvUpdater", "HKEY_CURRENT_USER\\" + kRun));
     EXPECT_FALSE(there(hive::CurrentUser, kRun, "TvUpdater"));
     EXPECT_TRUE(there(hive::LocalMachine, kRunOnce, "TvOnce"));
 }
@@ -83,10 +85,7 @@ TEST_F(EvasionTest, TheThirtyTwoBitViewIsWatchedUnderARootOfItsOwn) {
     const ui::Control& tree = page.TreeView1;
     EXPECT_EQ(tree.fullPath(tree.nodeIndex("#1/32 (C:\\evil32.exe)")),
               "HKEY_LOCAL_MACHINE (32-bit)\\Loaded in Run\\TvEvil (C:\\evil32.exe)");
-    deleteRow(2);
-    EXPECT_EQ(boxes.shown.at(0).prompt, "WARNING!\r\nYou are about to Delete the key: TvEvil\r\nFrom: HKEY_LOCAL_MACHINE "
-                                        "(32-bit)\\Software\\Microsoft\\Windows\\CurrentVersion\\Run" +
-                                            std::string(kQuestionEnd));
+    EXPECT_EQ(deleteRow(2), question("TvEvil", "HKEY_LOCAL_MACHINE (32-bit)\\" + kRun));
     EXPECT_FALSE(there(hive::LocalMachine, kRun32, "TvEvil"));
     EXPECT_TRUE(there(hive::LocalMachine, kRun, "TvEvil"));
 }
