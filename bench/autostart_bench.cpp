@@ -38,7 +38,8 @@ HKEY madeKey(HKEY root, const std::string& path) {
 
 void putText(HKEY root, const std::string& path, const char* name, DWORD type, const std::string& text) {
     const HKEY key = madeKey(root, path);
-    ::RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(text.c_str()), static_cast<DWORD>(text.size() + 1));
+    ::RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(text.c_str()),
+                     static_cast<DWORD>(text.size() + 1));
     ::RegCloseKey(key);
 }
 

@@ -50,8 +50,8 @@ private:
 class PlaceReader {
 public:
     PlaceReader(Registry& registry, std::uint32_t hive, int viewBits, PlaceEntries& out)
-        : registry_(registry), hive_(hive), viewBits_(viewBits), view_(viewBits == 0 ? RegView::Native : RegView::Other),
-          out_(out) {}
+        : registry_(registry), hive_(hive), viewBits_(viewBits),
+          view_(viewBits == 0 ? RegView::Native : RegView::Other), out_(out) {}
 
     void read(const AutostartPlace& place) {
         ReadKey key(registry_, hive_, place.keyPath, view_);

@@ -104,11 +104,13 @@ void RegistryPass::passFileGroups() {
         std::vector<FileEntry> entries;
         if (group.place == FilePlace::ScheduledTasks) {
             const std::string windows = getWinDir(ctx_);
-            if (!windows.empty()) entries = scheduledTaskEntries(files, windows + "System32\\Tasks\\", windows + "Tasks\\");
+            if (!windows.empty())
+                entries = scheduledTaskEntries(files, windows + "System32\\Tasks\\", windows + "Tasks\\");
         } else {
             const int csidl = group.place == FilePlace::UserStartup ? kUserStartupFolder : kCommonStartupFolder;
             const std::string folder = trimBlanks(ctx_.os.shell.specialFolder(csidl, kFolderChars));
-            if (!folder.empty()) entries = startupFolderEntries(files, ctx_.os.shortcuts, withTrailingBackslash(folder));
+            if (!folder.empty())
+                entries = startupFolderEntries(files, ctx_.os.shortcuts, withTrailingBackslash(folder));
         }
         const PlaceNode node{group.nodeKey, kFilesRootText, labelTail(group.label), group.section};
         for (const FileEntry& entry : entries) passEntry(node, RegText(entry.name), entry.value, EntrySplit::Whole, {});

@@ -13,7 +13,8 @@ using namespace std::string_literals;
 
 const std::string kNt = "Software\\Microsoft\\Windows NT\\CurrentVersion\\", kCcs = "System\\CurrentControlSet\\";
 const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
-const std::string kLm = "HKEY_LOCAL_MACHINE|Loaded in ", kCu = "HKEY_CURRENT_USER|Loaded in ", kFiles = "Files|Loaded in ";
+const std::string kLm = "HKEY_LOCAL_MACHINE|Loaded in ", kCu = "HKEY_CURRENT_USER|Loaded in ";
+const std::string kLm32 = "HKEY_LOCAL_MACHINE (32-bit)|Loaded in ", kFiles = "Files|Loaded in ";
 
 // One typical entry of each group: where it is planted, and the warning row it raises.
 struct Planted {
@@ -28,11 +29,13 @@ const Planted kPlanted[] = {
      "C:\\tv\\policy.exe\0"s, kLm + "Policy Run\\TvPolicy (C:\\tv\\policy.exe) New Entry!"},
     {LM, kNt + "Winlogon", "Userinit", REG_SZ, "C:\\WINDOWS\\system32\\userinit.exe,C:\\tv\\ui.exe\0"s,
      kLm + "Winlogon\\Userinit (C:\\WINDOWS\\system32\\userinit.exe,C:\\tv\\ui.exe) New Entry!"},
-    {CU, kNt + "Winlogon", "Shell", REG_SZ, "C:\\tv\\shell.exe\0"s, kCu + "Winlogon\\Shell (C:\\tv\\shell.exe) New Entry!"},
+    {CU, kNt + "Winlogon", "Shell", REG_SZ, "C:\\tv\\shell.exe\0"s,
+     kCu + "Winlogon\\Shell (C:\\tv\\shell.exe) New Entry!"},
     {LM, kNt + "Windows", "AppInit_DLLs", REG_SZ, "C:\\tv\\a.dll,C:\\tv\\b.dll\0"s,
      kLm + "Windows Load\\AppInit_DLLs (C:\\tv\\a.dll) New Entry!"},
     {LM, "", "", 0, "", kLm + "Windows Load\\AppInit_DLLs (C:\\tv\\b.dll) New Entry!"},  // the second DLL's own row
-    {CU, kNt + "Windows", "Load", REG_SZ, "C:\\tv\\load.exe\0"s, kCu + "Windows Load\\Load (C:\\tv\\load.exe) New Entry!"},
+    {CU, kNt + "Windows", "Load", REG_SZ, "C:\\tv\\load.exe\0"s,
+     kCu + "Windows Load\\Load (C:\\tv\\load.exe) New Entry!"},
     {LM, kNt + "Image File Execution Options\\explorer.exe", "Debugger", REG_SZ, "C:\\tv\\dbg.exe\0"s,
      kLm + "Image Hijacks\\explorer.exe\\Debugger (C:\\tv\\dbg.exe) New Entry!"},
     {LM, kCcs + "Control\\Session Manager", "BootExecute", REG_MULTI_SZ, "C:\\tv\\boot.exe\0\0"s,
@@ -54,6 +57,8 @@ const Planted kPlanted[] = {
      kLm + "Explorer Add-ins\\{Tv} (C:\\tv\\ssodl.dll) New Entry!"},
     {CU, "Software\\Classes\\CLSID\\{TvUser}\\InprocServer32", "", REG_SZ, "C:\\tv\\user.dll\0"s,
      kCu + "Explorer Add-ins\\{TvUser}\\InprocServer32 (C:\\tv\\user.dll) New Entry!"},
+    {LM, "Software\\Wow6432Node\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer\\Run", "TvPolicy32", REG_SZ,
+     "C:\\tv\\policy32.exe\0"s, kLm32 + "Policy Run\\TvPolicy32 (C:\\tv\\policy32.exe) New Entry!"},
 };
 
 class AutostartPlacesTest : public RegWatchTest {
@@ -113,7 +118,8 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
     EXPECT_FALSE(page.Label18.visible());
     const auto& tree = page.TreeView1;
     EXPECT_EQ(tree.nodes()[tree.nodeIndex("!LSV")].children, 2u);  // both values of the service
-    EXPECT_EQ(tree.fullPath(tree.nodeIndex("!FST") + 1), "Files\\Loaded in Scheduled Tasks\\Tv\\Updater (C:\\tv\\update.exe /quiet & /now)");
+    EXPECT_EQ(tree.fullPath(tree.nodeIndex("!FST") + 1),
+              "Files\\Loaded in Scheduled Tasks\\Tv\\Updater (C:\\tv\\update.exe /quiet & /now)");
 
     // Delete Key removes a plain value where the row found it, leaves a service to the registry editor, and
     // does not apply to a file.
@@ -121,8 +127,15 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
     boxes.answers = {box::Yes};
     page.Command3.userClick();
     EXPECT_EQ(boxes.shown.back().prompt, "WARNING!\r\nYou are about to Delete the key: TvPolicy\r\nFrom: "
-              "HKEY_LOCAL_MACHINE\\" + kPlanted[0].key + "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?");
+              "HKEY_LOCAL_MACHINE\\" + kPlanted[0].key +
+              "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?");
     EXPECT_EQ(rowOf(kPlanted[0].row), page.List5.items().size());  // gone, and so is its warning
+    choose(kPlanted[17].row);  // in the other view, where the pass found it
+    boxes.answers = {box::Yes};
+    page.Command3.userClick();
+    EXPECT_NE(boxes.shown.back().prompt.find("From: HKEY_LOCAL_MACHINE (32-bit)\\Software\\Microsoft"),
+              std::string::npos);
+    EXPECT_EQ(rowOf(kPlanted[17].row), page.List5.items().size());
     choose(kPlanted[8].row);
     boxes.answers = {box::No};
     page.Command3.userClick();
@@ -141,7 +154,8 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
 
     // A list of several entries names what came and what went.
     put(LM, kNt + "Windows", "AppInit_DLLs", REG_SZ, "C:\\tv\\b.dll C:\\tv\\c.dll\0"s);
-    put(LM, kCcs + "Control\\Session Manager", "BootExecute", REG_MULTI_SZ, "autocheck autochk *\0C:\\tv\\boot.exe\0\0"s);
+    put(LM, kCcs + "Control\\Session Manager", "BootExecute", REG_MULTI_SZ,
+        "autocheck autochk *\0C:\\tv\\boot.exe\0\0"s);
     writeFile("win\\System32\\Tasks\\Tv\\Updater", "<Task><Actions><Exec><Command>C:\\tv\\other.exe</Command></Exec>"
                                                    "</Actions></Task>");
     pass.setReg();

@@ -20,7 +20,9 @@ struct OwnSystemShell final : Shell {
     std::map<int, std::string> special;  // by folder number
     std::deque<std::string> folderChoices;
     std::vector<std::string> folderTitles;
-    std::string systemDirectory(std::size_t n) const override { return system.empty() ? real.systemDirectory(n) : system; }
+    std::string systemDirectory(std::size_t n) const override {
+        return system.empty() ? real.systemDirectory(n) : system;
+    }
     std::string windowsDirectoryBuffer(std::size_t n) const override {
         return windows.empty() ? real.windowsDirectoryBuffer(n) : windows + '\0';
     }
