@@ -50,6 +50,7 @@ set(TARVELON_CORE_SOURCES
   logging/log_browser_page.cpp
   logging/log_names.cpp
   logging/report_fields.cpp
+  logging/unattended_boxes.cpp
   logging/write_log.cpp
   regwatch/file_path_cut.cpp
   regwatch/pending_boot.cpp

@@ -33,7 +33,7 @@ public:
 private:
     enum class Handed { AllBatches, FirstBatchOnly, ScannerFailed };
     Handed handToScanners(bool noScanner, std::string& all);
-    void showScannerFailure();
+    void scannerFailed();
 
     AppContext& ctx_;
     ui::ScanWindow& window_;

@@ -26,9 +26,9 @@ std::string fileFields(std::string rest) {
 
 }  // namespace
 
-std::string logFileName(const AppContext& ctx) {
+std::string logFileName(const AppContext& ctx, const std::string& dateTail) {
     const Clock::DateTimeText now = ctx.os.clock.localDateTime();
-    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + "(" + timeText(now.time) + ").log";
+    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + dateTail + "(" + timeText(now.time) + ").log";
 }
 
 LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force) {

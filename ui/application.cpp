@@ -22,6 +22,7 @@
 #include "shutdown/secure_shut_down.h"
 #include "ui/advanced_actions.h"
 #include "logging/log_browser.h"
+#include "logging/unattended_boxes.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -174,6 +175,9 @@ void Application::pressResultAction() {
 }
 
 void Application::load() {
+    const std::string commandLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
+    // Nobody answers the boxes of a scheduled run, from its first question on.
+    ctx_.unattended = parseRunSwitch(commandLine) == RunSwitch::Scheduled;
     fixPaths();
     ctx_.shutAction = kNoShutdown;
     makeDataFolders();
@@ -184,7 +188,7 @@ void Application::load() {
     hash::setDatName(ctx_);  // the data file follows the chosen algorithm from here on
     checkIntFile(ctx_, *this);
     if (fileThere(ctx_, ctx_.intFile)) loadIntFile(ctx_, ctx_.intFile);
-    ctx_.cmdLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
+    ctx_.cmdLine = commandLine;
     actOnCommandLine();
 }
 
@@ -234,7 +238,7 @@ void Application::actOnCommandLine() {
 // readable integrity data file; without it the run ends with its message.
 bool Application::passesBaselineTest(RunSwitch mode) {
     if (fileThere(ctx_, ctx_.intFile)) return true;
-    ctx_.os.boxes.show(baselineRefusal(mode), kAppTitle, box::OkOnly);
+    showOrLog(ctx_, baselineRefusal(mode), kAppTitle, box::OkOnly);
     endProcess();
     return false;
 }
