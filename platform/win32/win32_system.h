@@ -76,8 +76,8 @@ private:
 class Win32Power final : public Power {
 public:
     void enableShutdownPrivilege() override;
-    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override;
-    void setSystemPowerState(bool suspend, bool force) override;
+    bool exitWindows(std::uint32_t flags, std::uint32_t reserved) override;
+    bool setSystemPowerState(bool suspend, bool force) override;
     Version version() const override;
     void killDesktopProcess() override;
 };

@@ -231,17 +231,22 @@ private:
     const Window* at(NativeWindow window) const;
 };
 
-// Power actions are recorded, never carried out: a test never switches a machine off.
+// Power actions are recorded, never carried out: a test never switches a
+// machine off. Each is taken (standby and hibernation come back at once)
+// unless `refuses` says otherwise.
 class RecordingPower final : public Power {
 public:
     std::vector<std::string> calls;  // "privilege", "exit <flags> <reserved>", "state <suspend> <force>", "kill desktop"
     Version answer{2, 5};            // Windows 2000 and later
+    bool refuses = false;
     void enableShutdownPrivilege() override { calls.push_back("privilege"); }
-    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
+    bool exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
         calls.push_back("exit " + std::to_string(flags) + " " + std::to_string(reserved));
+        return !refuses;
     }
-    void setSystemPowerState(bool suspend, bool force) override {
+    bool setSystemPowerState(bool suspend, bool force) override {
         calls.push_back("state " + std::to_string(suspend) + " " + std::to_string(force));
+        return !refuses;
     }
     Version version() const override { return answer; }
     void killDesktopProcess() override { calls.push_back("kill desktop"); }
