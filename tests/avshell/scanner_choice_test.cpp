@@ -1,10 +1,11 @@
 // The scanner selection and the catalogue, driven through their controls:
-// the file box and the tree search are scripted, the settings file is in memory.
+// the file box is scripted, the folders searched and the settings file are in memory.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice_form.h"
+#include "core/text.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/main_actions.h"
@@ -97,56 +98,71 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
         {"Sophos Anti Virus (All-OS)", "sweep.exe"},
     };
     ASSERT_EQ(catalogue().List1.items().size(), rows.size());
+    os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
     for (std::size_t row = 0; row < rows.size(); ++row) {
         EXPECT_EQ(catalogue().List1.items()[row], rows[row].first);
+        const std::string folder = "C:\\Program Files\\" + std::to_string(row);
+        os.files.folders.insert(upperCase(folder));
+        os.files.put(folder + "\\" + rows[row].second, "MZ");
         catalogue().List1.userSetValue(static_cast<int>(row));
-        answer({box::Ok, box::Ok});  // the notice, then nothing found
+        answer({box::Ok});
         catalogue().Command4.userClick();
-        EXPECT_EQ(os.shell.searches.back().second, rows[row].second) << rows[row].first;
+        EXPECT_EQ(catalogue().Text2.caption(), folder + "\\" + rows[row].second) << rows[row].first;
     }
 
     // A system that names no Program Files folder: its empty answer becomes
     // "\" (the current drive's root), the one answer the fallback does not mend.
-    using Search = std::pair<std::string, std::string>;
-    for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
+    std::vector<std::string> looked;
+    os.loop.onPump = [&] { looked.push_back(catalogue().Label4.caption()); };
+    for (const auto& [answer38, root] : {std::pair{"", "\\"}, std::pair{"\\", "C:\\Program Files\\"}}) {
         os.shell.special[38] = answer38;
-        os.shell.searches.clear();
-        answer({box::Ok, box::Ok});
+        looked.clear();
+        answer({box::Ok});
         catalogue().Command4.userClick();
-        EXPECT_EQ(os.shell.searches, (std::vector<Search>{{root, "sweep.exe"}, {"C:\\", "sweep.exe"}})) << answer38;
+        EXPECT_EQ(looked.at(0), std::string("Looking in ") + root) << answer38;
     }
 }
 
-TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {
-    EXPECT_FALSE(catalogue().Command2.enabled());
-    catalogue().Command4.userClick();  // nothing chosen: nothing at all
-    EXPECT_TRUE(os.boxes.shown.empty());
-    EXPECT_TRUE(os.shell.searches.empty());
-
-    std::vector<std::string> duringSearch;
+// Program Files is walked once, also through a junction that points up the
+// tree, and then the rest of the drive; the window lives on meanwhile, and
+// the button or Esc stops the search with the form as it was.
+TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
+    os.files.folders.insert("C:");
+    for (const char* folder : {"C:\\Program Files", "C:\\Program Files\\AVG", "C:\\Program Files\\AVG\\Up", "C:\\Tools"})
+        os.files.makeFolder(folder);
+    os.files.junctions["C:\\PROGRAM FILES\\AVG\\UP"] = "C:\\PROGRAM FILES";
+    os.files.put("C:\\Tools\\avgse.exe", "MZ");
+    std::vector<std::string> looked;
     os.loop.onPump = [&] {
-        duringSearch.push_back(catalogue().Text2.caption() + (catalogue().Text2.enabled() ? " enabled" : " disabled"));
+        const bool held = !catalogue().List1.enabled() && !catalogue().Command3.enabled() &&
+                          catalogue().Command4.caption() == "Cancel" && !catalogue().Text2.enabled();
+        looked.push_back(catalogue().Label4.caption() + (held ? "" : " (not held)") + " " + catalogue().Text2.caption());
     };
-    os.shell.treeHits[{"C:\\", "avgse.exe"}] = "C:\\Tools\\AVG\\avgse.exe";
     catalogue().List1.userSetValue(2);
-    answer({box::Ok, box::Ok});
+    answer({box::Ok});
     catalogue().Command4.userClick();
-    using Search = std::pair<std::string, std::string>;
-    EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "avgse.exe"}, {"C:\\", "avgse.exe"}}));
-    EXPECT_EQ(duringSearch, std::vector<std::string>(4, "Searching... disabled"));
-    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\AVG\\avgse.exe");
-    EXPECT_TRUE(catalogue().Text2.enabled());
+    EXPECT_EQ(looked, (std::vector<std::string>{
+                          "Looking in C:\\Program Files\\ Searching...", "Looking in C:\\Program Files\\AVG\\ Searching...",
+                          "Looking in C:\\ Searching...", "Looking in C:\\TARVELON\\ Searching...",
+                          "Looking in C:\\TARVELON\\DATA\\ Searching...", "Looking in C:\\Tools\\ Searching..."}));
+    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
     EXPECT_TRUE(catalogue().Command2.enabled());
     EXPECT_FALSE(catalogue().Command3.enabled());
 
-    // A hit below Program Files ends the search there.
-    os.loop.onPump = nullptr;
-    os.shell.searches.clear();
-    os.shell.treeHits[{"C:\\Program Files\\", "Pavcl.com"}] = "C:\\Program Files\\Panda\\Pavcl.com";
-    catalogue().List1.userSetValue(14);
-    answer({box::Ok, box::Ok});
+    // Esc at the third folder: no message, and the form as before the search.
+    looked.clear();
+    os.loop.onPump = [&] {
+        looked.push_back(catalogue().Label4.caption());
+        if (looked.size() == 3) catalogue().cancelButton->userKeyPress();
+    };
+    catalogue().List1.userSetValue(15);
     catalogue().Command4.userClick();
-    EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "Pavcl.com"}}));
+    EXPECT_EQ(looked.size(), 3u);
+    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
+    EXPECT_TRUE(catalogue().Text2.enabled() && catalogue().Command2.enabled() && catalogue().List1.enabled());
+    EXPECT_EQ(catalogue().Command4.caption(), "Search for this Selection...");
+    EXPECT_EQ(catalogue().Label4.caption(), "");
+    EXPECT_EQ(catalogue().cancelButton, nullptr);
 }
 
 // Test It! starts nothing for a folder named like the program, and one that
@@ -177,7 +193,7 @@ TEST_F(Scanners, TestAndUseAreOfferedOnlyForAProgramThatStarted) {
     ASSERT_TRUE(catalogue().Command3.enabled());
 
     catalogue().List1.userSetValue(15);
-    answer({box::Ok, box::Ok});
+    answer({box::Ok});
     catalogue().Command4.userClick();
     EXPECT_EQ(os.boxes.shown.back().prompt,
               "The default executable for this program was not found! Make sure you selected the correct "
