@@ -2,6 +2,7 @@
 
 #include "core/settings_text.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 
 namespace tv {
 
@@ -42,8 +43,9 @@ bool isDirectWriteFile(const std::string& file) {
 WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::string& key,
                         const std::string& value, const std::string& section) {
     if (ctx.primaryScan || isDirectWriteFile(file)) {
-        return ctx.os.profiles.put(section, key, value, file) ? WriteOutcome::WrittenToDisk
-                                                              : WriteOutcome::DiskWriteFailed;
+        if (ctx.os.profiles.put(section, key, value, file)) return WriteOutcome::WrittenToDisk;
+        reportFailedWrite(ctx, file);
+        return WriteOutcome::DiskWriteFailed;
     }
     SectionBlocks& blocks = ctx.customFolder.empty() ? ctx.section : ctx.custom;
     return writeEntryToBlocks(blocks, section, key, value) ? WriteOutcome::StoredInMemory

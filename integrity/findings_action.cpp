@@ -5,6 +5,7 @@
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "core/vb_number.h"
+#include "core/write_failures.h"
 #include "hash/checksum.h"
 #include "hash/file_checksum.h"
 #include "integrity/data_file.h"
@@ -44,6 +45,10 @@ FindingsAction::FindingsAction(AppContext& ctx, ui::ScanWindow& window, ScanHost
 // for the next run, and this one ends.
 void FindingsAction::scannerFailed() {
     showOrLog(ctx_, scannerFailureMessage(window_.Text1.caption()), kAppTitle, box::OkOnly);
+    endUnwatchedRun();
+}
+
+void FindingsAction::endUnwatchedRun() {
     if (ctx_.unattended && ctx_.shutAction == kNoShutdown) host_.endProgram();
 }
 
@@ -80,7 +85,8 @@ void FindingsAction::label12Click() {
         }
         window_.Label13.setCaption("Logging Action...");
         std::string report = (noScanner ? kNoScannerHeading : kScannedHeading) + all;
-        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return scannerFailed();
+        // A report that cannot be written was told of; the findings stay unaccepted.
+        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return endUnwatchedRun();
     }
     window_.Label13.setCaption("Updating Integrity File...");
     updateDatFile();
@@ -142,7 +148,7 @@ void FindingsAction::updateDatFile() {
         pump.getInputState();
     }
     window_.setCaption("Integrity File(s) Updated");
-    saveIntFile(ctx_);
+    if (!saveIntFile(ctx_)) reportFailedWrite(ctx_, ctx_.intFile);
     loadIntFile(ctx_, ctx_.intFile);
     window_.Label13.setCaption("Integrity File Updated");
     window_.Label12.setCaption(kCloseCaption);
@@ -162,7 +168,7 @@ void FindingsAction::specialSave(int slot) {
         ctx_.os.loop.pump();
     }
     passFolderList_[slot].clear();
-    saveCustomDat(ctx_, file);
+    if (!saveCustomDat(ctx_, file)) reportFailedWrite(ctx_, file);
 }
 
 }  // namespace tv

@@ -34,6 +34,7 @@ private:
     enum class Handed { AllBatches, FirstBatchOnly, ScannerFailed };
     Handed handToScanners(bool noScanner, std::string& all);
     void scannerFailed();
+    void endUnwatchedRun();
 
     AppContext& ctx_;
     ui::ScanWindow& window_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 
 namespace tv::win32 {
@@ -69,11 +70,12 @@ std::optional<std::string> Win32Files::readAll(const std::string& path) const {
     if (isFolder(path)) return std::nullopt;
     UniqueFile file = openForReading(path);
     if (!file.valid()) return std::nullopt;
-    LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file.get(), &size)) return std::nullopt;
+    DWORD high = 0;
+    const DWORD low = ::GetFileSize(file.get(), &high);
+    if (low == INVALID_FILE_SIZE && ::GetLastError() != NO_ERROR) return std::nullopt;
     std::string text;
     char chunk[65536];
-    text.reserve(static_cast<std::size_t>(size.QuadPart));
+    text.reserve(static_cast<std::size_t>((static_cast<std::uint64_t>(high) << 32) | low));
     for (;;) {
         DWORD got = 0;
         if (!::ReadFile(file.get(), chunk, sizeof chunk, &got, nullptr)) return std::nullopt;
@@ -96,8 +98,12 @@ bool Win32Files::writeThrough(const std::string& path, std::string_view bytes) {
 }
 
 bool Win32Files::moveOver(const std::string& from, const std::string& to) {
-    if (::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
-    if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    using MoveFileEx = BOOL(WINAPI*)(LPCSTR, LPCSTR, DWORD);
+    static const auto moveFileEx = systemFunction<MoveFileEx>("kernel32.dll", "MoveFileExA");
+    if (moveFileEx) {
+        if (moveFileEx(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+        if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    }
     // Windows 98 has no replacing move.
     if (::GetFileAttributesA(to.c_str()) != INVALID_FILE_ATTRIBUTES && !::DeleteFileA(to.c_str())) return false;
     return ::MoveFileA(from.c_str(), to.c_str()) != 0;

@@ -6,6 +6,7 @@
 
 #include "core/settings_text.h"
 #include "core/text.h"
+#include "integrity/scan_window.h"
 
 namespace tv::test {
 namespace {
@@ -177,8 +178,12 @@ std::string NoProfileFiles::get(const std::string&, const std::string&, std::siz
     return {};
 }
 
-bool NoProfileFiles::put(const std::string&, const std::string&, const std::string&,
+bool NoProfileFiles::put(const std::string& section, const std::string& key, const std::string& value,
                          const std::string&) {
+    if (recordWrites) {
+        written.push_back(section + "|" + key + "=" + value);
+        return true;
+    }
     ADD_FAILURE() << "profile write where none was expected";
     return false;
 }
@@ -258,6 +263,11 @@ int ScriptedBoxes::show(const std::string& prompt, const std::string& title, uns
     const int answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+std::string scanFigures(const ui::ScanWindow& window) {
+    return window.Label6.caption() + " " + window.Label7.caption() + " " + window.Label8.caption() + " " +
+           window.Label9.caption();
 }
 
 void prepareProgramFolder(FakePlatform& os, AppContext& ctx,

@@ -14,9 +14,13 @@
 #include "core/platform_set.h"
 #include "integrity/scan_host.h"
 
+namespace tv::ui {
+class ScanWindow;
+}
+
 namespace tv::test {
 
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
 public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
@@ -58,6 +62,10 @@ private:
 
 class NoProfileFiles final : public ProfileFiles {
 public:
+    // A write fails the test, unless the test records the writes, as
+    // "section|key=value" in the order they came.
+    bool recordWrites = false;
+    std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
 };
@@ -173,7 +181,7 @@ struct RecordingHost final : ScanHost {
 };
 
 // A registry in which no key can be opened.
-class NoRegistry final : public Registry {
+class NoRegistry : public Registry {
 public:
     static constexpr long kNotFound = 2;
     long openKey(std::uint32_t, const std::string&, Key&) override { return kNotFound; }
@@ -275,6 +283,9 @@ public:
         return succeed;
     }
 };
+
+// The scan window's figures: files scanned, passing, new and failed.
+std::string scanFigures(const ui::ScanWindow& window);
 
 // One complete set of stand-ins.
 struct FakePlatform {
