@@ -137,6 +137,7 @@ TEST_F(StartUp, ValueThatIsNoNumberEndsTheLoadThere) {
 
 TEST_F(StartUp, ScannerWithoutBarKeepsProgramAndTakesWholeTextAsArguments) {
     app.scannerChoice().Text5.setCaption("old.exe");
+    app.scannerChoice().settle();  // as the fields were loaded before
     settings("antivirus=  plain.exe  \r\n");
     reload();
     EXPECT_EQ(app.scannerChoice().Text5.caption(), "old.exe");

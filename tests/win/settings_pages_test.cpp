@@ -173,14 +173,12 @@ TEST_F(SettingsPages, AdvancedSaveTakesTheChosenOptionsAtOnce) {
     EXPECT_EQ(ctx.passCount, 50);
     EXPECT_EQ(ctx.useWsh, 1);
     EXPECT_EQ(ctx.intFile, path("Data\\Integrity-md5.dat"));
-    EXPECT_EQ(ctx.quoteChar, "\"");  // the scanner options follow at the next loading
-    EXPECT_FALSE(ctx.shortPaths);
+    EXPECT_EQ(ctx.quoteChar, "");  // the scanner options are in force at once
+    EXPECT_TRUE(ctx.shortPaths);
 
     // A value none of the options stands for is kept and written back as it is.
     ::WritePrivateProfileStringA("Tarvelon", "advanced", "100000,7,1", ctx.settFile.c_str());
     window.options.cButton2.userClick();
-    EXPECT_EQ(ctx.quoteChar, "");
-    EXPECT_TRUE(ctx.shortPaths);
     for (Control* option : advanced.bufferOptions) EXPECT_EQ(option->value(), 0);
     save(advanced.cSave2, "Save Success!");
     EXPECT_EQ(settingsFile(), expected(text, {{"advanced", "100000,7,1"}, {"antivirus2", "0,1,1"}, {"algo", "MD5"}}));
