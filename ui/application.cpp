@@ -102,7 +102,8 @@ SetupWizardForm& Application::setupWizard() {
         wizard_ = std::make_unique<SetupWizard>(
             ctx_, *vDct_, scannerChoice(),
             SetupWizard::Links{[this] { catalogueSearch().show(""); },
-                               [this] { return scannerCatalogue().nativeWindow(); }});
+                               [this] { return scannerCatalogue().nativeWindow(); },
+                               [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); }});
         ctx_.os.renderer.attach(*vDct_);
     }
     return *vDct_;
