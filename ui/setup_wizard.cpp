@@ -202,6 +202,9 @@ void SetupWizard::save() {
     }
     writeEntry(ctx_, ctx_.settFile, "antivirus", form_.vpath.caption() + "|" + form_.varg.caption(), "Tarvelon");
     ctx_.autoScanFailed = form_.Check6.value() == 1;
+    // The scanner just saved is the scanner window's first one, whatever that
+    // window held unsaved (the wizard hands it arguments as well).
+    choice_.settle(true, false);
     links_.reloadSettings();  // Auto-Logging, say, is read from the settings page
     if (autoLoadSaved && written.allWritten())
         ctx_.os.boxes.show("Settings Saved Successfully!", kAppTitle, box::OkOnly);

@@ -66,13 +66,17 @@ TEST_F(SettingsInForce, ScannerEditsOutliveEveryPageThatLoadsTheSettings) {
 }
 
 TEST_F(SettingsInForce, SavedAndCancelledSettingsActAtOnce) {
-    // The wizard's logging box, saved, is what the next report obeys.
+    // The wizard's logging box, saved, is what the next report obeys, and its
+    // scanner is the scanner window's, whose arguments it had handed over.
     main.options.cSetW.userClick();
     SetupWizardForm& wizard = app.setupWizard();
     wizard.Check7.userSetValue(1);
-    os.boxes.answers = {box::Ok, box::Ok};  // no scanner there; saved
+    os.shell.fileChoices = {"C:\\AV\\new.exe"};
+    wizard.locate.userClick();
+    os.boxes.answers = {box::Ok};
     wizard.Command2.userClick();
     EXPECT_EQ(ctx.autoLogging->value(), 1);
+    EXPECT_EQ(choice.Text5.caption() + "|" + choice.Text6.caption(), "C:\\AV\\new.exe|");
 
     // Ticks that are cancelled are undone at once, on both pages.
     main.options.cSettings.userClick();
