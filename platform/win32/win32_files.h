@@ -22,6 +22,8 @@ public:
     std::optional<std::uint64_t> length(const std::string& path) const override;
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
+    std::vector<FolderEntry> listFolder(const std::string& folder) const override;
+    std::string folderIdentity(const std::string& folder) const override;
 
 private:
     UniqueFind listing_;  // the one directory cursor of the process
