@@ -48,6 +48,13 @@ struct AppContext {
     bool schedRun = false;
     bool primaryBuild = false;
     bool primaryScan = false;
+    // Nobody watches this run: a scheduled run from its start, a Secure Shut
+    // Down from the choice on. Its boxes are not shown but written to the
+    // report of unseen messages (`unseenReport`, made at the first, holding
+    // `unseenText`).
+    bool unattended = false;
+    std::string unseenReport;
+    std::string unseenText;
 
     // The baselines in memory: the system directory's, and the custom folder's in hand.
     SectionBlocks section;  // sectionText / sectionName

@@ -34,7 +34,8 @@ public:
 private:
     enum class Handed { AllBatches, FirstBatchOnly, ScannerFailed };
     Handed handToScanners(bool noScanner, std::vector<std::string>& all);
-    void showScannerFailure();
+    void scannerFailed();
+    void endUnwatchedRun();
 
     AppContext& ctx_;
     ui::ScanWindow& window_;

@@ -31,10 +31,11 @@ LogOutcome failedReport(AppContext& ctx, const std::string& file) {
 
 }  // namespace
 
-std::string logFileName(const AppContext& ctx, int sameSecond) {
+std::string logFileName(const AppContext& ctx, const std::string& dateTail, int sameSecond) {
     const Clock::DateTimeText now = ctx.os.clock.localDateTime();
     const std::string count = sameSecond > 1 ? " (" + std::to_string(sameSecond) + ")" : std::string();
-    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + "(" + timeText(now.time) + ")" + count + ".log";
+    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + dateTail + "(" + timeText(now.time) + ")" + count +
+           ".log";
 }
 
 LogOutcome writeLog(AppContext& ctx, const std::string& heading, const std::vector<std::string>& items, bool force) {
@@ -58,11 +59,11 @@ LogOutcome writeLog(AppContext& ctx, const std::string& heading, const std::vect
     // precautionary reports come microseconds apart) each keep their file.
     Files& files = ctx.os.files;
     for (int sameSecond = 1; sameSecond <= kReportsPerSecond; ++sameSecond) {
-        const std::string file = logFileName(ctx, sameSecond);
+        const std::string file = logFileName(ctx, {}, sameSecond);
         if (files.createNew(file, line)) return LogOutcome::Written;
         if (!files.length(file)) return failedReport(ctx, file);
     }
-    return failedReport(ctx, logFileName(ctx, kReportsPerSecond));
+    return failedReport(ctx, logFileName(ctx, {}, kReportsPerSecond));
 }
 
 }  // namespace tv

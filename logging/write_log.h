@@ -25,8 +25,9 @@ LogOutcome writeLog(AppContext& ctx, const std::string& heading, const std::vect
 
 // "Data\Log\" + date + "(" + time + ").log" under the program's folder, from
 // the system's regional date and time texts: 3/5/2006 and 3:04:07 PM give
-// "03-05-2006(3_04_07PM).log". A report of the same second as one that is
-// there already gets " (2)" behind its time, and so on.
-std::string logFileName(const AppContext& ctx, int sameSecond = 1);
+// "03-05-2006(3_04_07PM).log". `dateTail` stands behind the date, where the
+// log browser takes it for a part of the date. A report of the same second as
+// one that is there already gets " (2)" behind its time, and so on.
+std::string logFileName(const AppContext& ctx, const std::string& dateTail = {}, int sameSecond = 1);
 
 }  // namespace tv

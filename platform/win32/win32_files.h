@@ -23,6 +23,8 @@ public:
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
     std::string codePageText(std::u16string_view units) const override;
+    std::vector<FolderEntry> listFolder(const std::string& folder) const override;
+    std::string folderIdentity(const std::string& folder) const override;
 
 private:
     UniqueFind listing_;  // the one directory cursor of the process

@@ -65,8 +65,8 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 1);
     EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Written);  // forced: the heading alone
-    EXPECT_EQ(*os.files.content(logFileName(ctx, 2)), "H,\r\n");
-    EXPECT_EQ(logFileName(ctx, 2), folder + "03--5(ab_c) (2).log");
+    EXPECT_EQ(*os.files.content(logFileName(ctx, {}, 2)), "H,\r\n");
+    EXPECT_EQ(logFileName(ctx, {}, 2), folder + "03--5(ab_c) (2).log");
     os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
     os.boxes.answers = {box::Ok};
     EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Failed);  // and the user is told, once
