@@ -1,5 +1,7 @@
 #include "regwatch/autostart_files.h"
 
+#include <set>
+
 #include "core/text.h"
 #include "regwatch/task_definitions.h"
 
@@ -26,11 +28,26 @@ std::string commandsText(const Files& files, const std::vector<TaskCommand>& com
     return text;
 }
 
-void addTasks(Files& files, const std::string& folder, const std::string& prefix, std::vector<FileEntry>& entries) {
+// A folder that leads back to one above it (a junction planted among the
+// tasks) is walked once: it is known by what it is on its volume, or, where
+// the system cannot tell, the walk stops at a depth no real task reaches.
+constexpr int kDeepestTaskFolder = 32;
+
+struct TaskWalk {
+    Files& files;
+    std::vector<FileEntry>& entries;
+    std::set<std::string> walked;
+};
+
+void addTasks(TaskWalk& walk, const std::string& folder, const std::string& prefix, int depth) {
+    const std::string identity = walk.files.folderIdentity(folder);
+    if (depth > kDeepestTaskFolder || (!identity.empty() && !walk.walked.insert(identity).second)) return;
+    Files& files = walk.files;
+    std::vector<FileEntry>& entries = walk.entries;
     for (const std::string& name : namesIn(files, folder)) {
         const std::string path = folder + name;
         if (files.isFolder(path)) {
-            addTasks(files, path + "\\", prefix + name + "\\", entries);
+            addTasks(walk, path + "\\", prefix + name + "\\", depth + 1);
             continue;
         }
         const auto bytes = files.readAll(path);
@@ -62,7 +79,8 @@ std::vector<FileEntry> startupFolderEntries(Files& files, Shortcuts& shortcuts, 
 std::vector<FileEntry> scheduledTaskEntries(Files& files, const std::string& tasksFolder,
                                             const std::string& jobsFolder) {
     std::vector<FileEntry> entries;
-    addTasks(files, tasksFolder, "", entries);
+    TaskWalk walk{files, entries, {}};
+    addTasks(walk, tasksFolder, "", 0);
     for (const std::string& name : namesIn(files, jobsFolder)) {
         if (!sameText(rightText(name, 4), ".job") || files.isFolder(jobsFolder + name)) continue;
         const auto bytes = files.readAll(jobsFolder + name);
