@@ -86,7 +86,7 @@ protected:
     ui::ScanWindow window;
 };
 
-TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmpty) {
+TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmptyOrOffersItsBackup) {
     os.files.put(kFile, blankFile("Kernel32.dll= 1A2B *E\r\nA=B.DLL=7*E\r\n"));
     ASSERT_TRUE(loadIntFile(ctx, kFile));
     EXPECT_EQ(getEntry(ctx, kFile, "KERNEL32.DLL", "dll"), "1A2B");
@@ -100,9 +100,8 @@ TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmpty) {
     EXPECT_EQ(findSection(ctx, ""), 1);  // nine empty names
     os.files.locked.insert("C:\\T\\DATA\\INTEGRITY.DAT");
     EXPECT_FALSE(loadIntFile(ctx, kFile));
-}
 
-TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
+    // A missing custom folder's file is offered back from its backup.
     const std::string custom = "C:\\T\\Data\\7-md5.dat";
     os.files.put("C:\\T\\Data\\7-md5.bak", blankFile());
     os.boxes.answers = {box::Yes};
@@ -110,9 +109,8 @@ TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
     ASSERT_TRUE(loadCustomDat(ctx, host, custom));
     ASSERT_TRUE(loadCustomDat(ctx, host, custom));  // there now: no question
     ASSERT_EQ(os.boxes.shown.size(), 1u);
-    EXPECT_EQ(os.boxes.shown[0].prompt + "|" + os.boxes.shown[0].title,
-              "The data file is missing! Would you like to use the backup?|.Dat file Missing!");
-    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_EQ(os.boxes.shown[0].prompt + "|" + os.boxes.shown[0].title + std::to_string(os.boxes.shown[0].style),
+              "The data file is missing! Would you like to use the backup?|.Dat file Missing!" + std::to_string(box::YesNo));
     EXPECT_EQ(findCustomSection(ctx, "scr"), 9);
 }
 
@@ -120,15 +118,12 @@ TEST_F(DataFile, WalkSortsOneLevelIntoSectionsByTheLastFourCharacters) {
     const std::pair<const char*, int> names[] = {{"A.DLL", 1}, {"a.dll", 1}, {".DLL", 1}, {"vmm.386", 3},
                                                  {"x.Scr", 9}, {"X.DLL.BAK", 0}, {"DLL", 0}};
     for (const auto& [name, section] : names) EXPECT_EQ(sectionOfName(name), section) << name;
-    os.files.folders.insert("C:\\SYS");
-    os.files.makeFolder("C:\\Sys\\Sub.dll");  // a folder with such a name counts like a file
-    os.files.makeFolder("C:\\Sys\\deeper");
+    os.files.folders.insert({"C:\\SYS", "C:\\SYS\\SUB.DLL", "C:\\SYS\\DEEPER"});  // a folder so named counts like a file
     for (const char* name : {"deeper\\inner.dll", "Kernel32.DLL", "notes.txt", "run.exe"})
         os.files.put(std::string("C:\\Sys\\") + name, "");
     const auto lists = walkFolder(ctx, "C:\\Sys\\");
-    EXPECT_TRUE(lists[0] == "Kernel32.DLL,Sub.dll," || lists[0] == "Sub.dll,Kernel32.DLL,") << lists[0];
-    EXPECT_EQ(lists[5], "run.exe,");
-    EXPECT_EQ(os.loop.pumps, 5);  // every entry but "." and ".."
+    EXPECT_TRUE(lists[0] == "Kernel32.DLL,SUB.DLL," || lists[0] == "SUB.DLL,Kernel32.DLL,") << lists[0];
+    EXPECT_EQ(lists[5] + std::to_string(os.loop.pumps), "run.exe,5");  // a pump for every entry but "." and ".."
     EXPECT_EQ(walkFolder(ctx, "C:\\Missing\\"), SectionNameLists{});
 }
 
@@ -139,22 +134,21 @@ TEST_F(DataFile, PassSortsFilesIntoPassingNewAndFailedInTheirOwnSections) {
         os.files.put(kSystem + std::string(name), content);
     pass(ctx.section, "SAME.DLL=" + crcOf("same") + "*E\r\nchanged.dll=" + crcOf("before") + "*E\r\nblank.dll=NULL*E\r\n",
          "", "", 1, ".DLL", "...", "4");
-    EXPECT_EQ(test::scanFigures(window), "4 1 2 1");
-    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 1));
-    EXPECT_EQ(window.caption() + " " + window.percentLabels[0]->caption() + " " + window.pbm.caption(),
-              "100% AutoCheck 100% 4");
+    EXPECT_EQ(test::scanFigures(window) + " " + window.caption() + " " + window.percentLabels[0]->caption() + " " +
+                  window.pbm.caption() + " " + std::to_string(ctx.scan.newCount) + std::to_string(ctx.scan.failCount),
+              "4 1 2 1 100% AutoCheck 100% 4 21");
     auto items = window.List1.items();
     std::sort(items.begin(), items.end());
     EXPECT_EQ(items, (std::vector<std::string>{std::string(kSystem) + "Blank.DLL *NEW*", std::string(kSystem) + "changed.dll",
                                                std::string(kSystem) + "fresh.dll *NEW*"}));
-    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "changed.dll " + crcOf("now") + ","), std::string::npos);
-    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "Blank.DLL " + crcOf("blank") + ","), std::string::npos);
+    for (const auto& [name, content] : {std::pair{"changed.dll ", "now"}, {"Blank.DLL ", "blank"}})
+        EXPECT_NE(ctx.scan.failList.find(kSystem + (name + crcOf(content)) + ","), std::string::npos) << name;
     EXPECT_EQ(ctx.scan.customFailList, "");
 
     // Both extensions of a pass, each in its own section; a changed folder runs over 100%.
     pass(ctx.section, "", "X.EXE=" + crcOf("exe") + "*E\r\n", "x.com=" + crcOf("other") + "*E\r\n", 5, ".EXE", ".COM", "2");
-    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 2));
-    EXPECT_EQ(window.Label6.caption() + " " + window.pbm.caption() + " " + window.caption(), "6 6 150% AutoCheck");
+    EXPECT_EQ(window.Label6.caption() + " " + window.pbm.caption() + " " + window.caption() + " " +
+                  std::to_string(ctx.scan.newCount) + std::to_string(ctx.scan.failCount), "6 6 150% AutoCheck 22");
 
     // A planned total that is no 16-bit number leaves the pass's percentage at 0%.
     std::vector<std::string> percents;
@@ -217,15 +211,11 @@ public:
         return change([&] { return MemoryFiles::writeAll(p, b); }, [&] { MemoryFiles::writeAll(p, half(b)); });
     }
     bool writeThrough(const std::string& p, std::string_view b) override { return writeAll(p, b); }
-    bool append(const std::string& p, std::string_view b) override {
-        return change([&] { return MemoryFiles::append(p, b); }, [&] { MemoryFiles::append(p, half(b)); });
-    }
     bool copy(const std::string& from, const std::string& to) override {
         const auto text = readAll(from);
         return change([&] { return text && MemoryFiles::writeAll(to, *text); },
                       [&] { if (text) MemoryFiles::writeAll(to, half(*text)); });
     }
-    bool makeFolder(const std::string& p) override { return change([&] { return MemoryFiles::makeFolder(p); }); }
     bool remove(const std::string& p) override { return change([&] { return MemoryFiles::remove(p); }); }
     bool moveOver(const std::string& f, const std::string& t) override {
         return change([&] { return MemoryFiles::moveOver(f, t); });
@@ -267,18 +257,13 @@ TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
             const std::string after = dataFileText(custom ? ctx.custom : ctx.section);
             const bool saved = custom ? saveCustomDat(ctx, dataFile) : saveIntFile(ctx);
 
-            const bool crashed = disk.crashed;
-            disk.crashed = false;  // the next start finds the disk whole again
+            const bool crashed = std::exchange(disk.crashed, false);  // the next start finds the disk whole again
             disk.crashAt = 1 << 30;
             ctx.section.clear();
             ctx.custom.clear();
             test::RecordingHost host;
-            if (custom) {
-                loadCustomDat(ctx, host, dataFile);
-            } else {
-                checkIntFile(ctx, host);
-                loadIntFile(ctx, kFile);
-            }
+            if (!custom) checkIntFile(ctx, host);
+            custom ? loadCustomDat(ctx, host, dataFile) : loadIntFile(ctx, kFile);
             const std::string loaded = dataFileText(custom ? ctx.custom : ctx.section);
             EXPECT_TRUE(loaded == before || loaded == after) << loaded;
             EXPECT_TRUE(os.boxes.shown.empty());
