@@ -39,10 +39,9 @@ TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
     EXPECT_EQ(batches({"heading", "C:\\A B.DLL"}, 1, 1), Texts{"C:\\A B.DLL "});
 
     ctx.quoteChar = "\"";
-    EXPECT_EQ(singleRunItem(ctx, "\"C:\\A.EXE\" /x"), " \"C:\\A.EXE /x\"");
-    EXPECT_EQ(singleRunItem(ctx, "\"\""), " ");
-    EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE"), "\"C:\\A.EXE\"");
-    EXPECT_EQ(singleFileItem(ctx, "\"C:\\A.EXE\" -run"), "\"C:\\A.EXE\" -run");
+    EXPECT_EQ(singleRunItem(ctx, "\"C:\\A.EXE\" /x") + "|" + singleRunItem(ctx, "\"\""), " \"C:\\A.EXE /x\"| ");
+    EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE") + "|" + singleFileItem(ctx, "\"C:\\A.EXE\" -run"),
+              "\"C:\\A.EXE\"|\"C:\\A.EXE\" -run");
     EXPECT_EQ(toShortPath(ctx, "C:\\PROGRA~1\\A.DLL"), "C:\\PROGRA~1\\A.DLL");  // what stands before the zero
     EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
 
@@ -72,12 +71,10 @@ TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
         });
     };
     const std::string scanner = "C:\\Program Files\\Scan\\scan.exe";
-    EXPECT_EQ(program(scanner + " /x \"C:\\a b.dll\" "), scanner);
-    EXPECT_EQ(program(scanner + "  C:\\a.dll C:\\b.dll "), scanner);  // no args: two blanks, no quotes
-    EXPECT_EQ(program(scanner), scanner);
+    for (const std::string& args : {" /x \"C:\\a b.dll\" ", "  C:\\a.dll C:\\b.dll ", ""})  // no args: two blanks
+        EXPECT_EQ(program(scanner + args), scanner) << args;
     EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
-    EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r"), "");
-    EXPECT_EQ(program("C:\\My.Tools\\x /y"), "");  // a file without an extension is no program
+    EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r") + program("C:\\My.Tools\\x /y"), "");  // x: no extension, no program
     for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
         EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }
