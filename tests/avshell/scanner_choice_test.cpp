@@ -1,12 +1,14 @@
 // The scanner selection and the catalogue, driven through their controls with
-// the file box scripted and the folders searched in memory. The real file box,
-// search and scanner test are the end-to-end scenario's.
+// the file box scripted and the folders searched in memory, and the scanners'
+// command lines. The real file box, search and scanner test, and two scanners
+// given the batches of a report, are the end-to-end scenario's.
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
 #include "avshell/scanner_launch.h"
 #include "core/text.h"
+#include "platform/command_program.h"
 #include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/setup_wizard_form.h"
@@ -16,6 +18,7 @@ namespace {
 
 using namespace std::string_literals;
 using Search = std::pair<std::string, std::string>;
+using test::Texts;
 
 class Scanners : public test::AppTest {
 protected:
@@ -211,6 +214,71 @@ TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
               "C:\\Tools\\avgse.exe|Search for this Selection...|");
     EXPECT_TRUE(catalogue().Text2.enabled() && catalogue().Command2.enabled() && catalogue().List1.enabled());
     EXPECT_EQ(catalogue().cancelButton, nullptr);
+}
+
+// Batches of passCount turns, empty entries counted; the walk reads one past
+// the end as an empty entry; a flush that refuses ends the walk.
+TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    ctx.quoteChar = "\"";
+    ctx.passCount = 2;
+    const auto batches = [&](const Texts& entries, std::size_t first, std::size_t last, bool goOn = true) {
+        Texts out;
+        walkInBatches(ctx, first, last, [&](std::size_t i) { return i < entries.size() ? entries[i] : std::string(); },
+                      [&](const std::string& batch) {
+                          out.push_back(batch);
+                          return goOn;
+                      });
+        return out;
+    };
+    EXPECT_EQ(batches({"A", "", "B", "C", "D"}, 0, 5), (Texts{"\"A\" ", "\"B\" \"C\" ", "\"D\" "}));
+    EXPECT_EQ(batches({"A", "B"}, 0, 2), (Texts{"\"A\" \"B\" ", ""}));
+    EXPECT_EQ(batches({"A", "B", "C"}, 0, 9, false), Texts{"\"A\" \"B\" "});
+    ctx.passCount = 99999;
+    EXPECT_EQ(batches({"A", "B", "C"}, 0, 2), Texts{"\"A\" \"B\" \"C\" "});
+    ctx.quoteChar.clear();
+    EXPECT_EQ(batches({"heading", "C:\\A B.DLL"}, 1, 1), Texts{"C:\\A B.DLL "});
+
+    ctx.quoteChar = "\"";
+    EXPECT_EQ(singleRunItem(ctx, "\"C:\\A.EXE\" /x") + "|" + singleRunItem(ctx, "\"\""), " \"C:\\A.EXE /x\"| ");
+    EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE") + "|" + singleFileItem(ctx, "\"C:\\A.EXE\" -run"),
+              "\"C:\\A.EXE\"|\"C:\\A.EXE\" -run");
+    EXPECT_EQ(toShortPath(ctx, "C:\\PROGRA~1\\A.DLL"), "C:\\PROGRA~1\\A.DLL");  // what stands before the zero
+    EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
+
+    // A scanner's window opens normal with the focus only while avfocus is 1.
+    ui::Control avfocus(ui::Kind::CheckBox, "avfocus", nullptr, {}, "");
+    ctx.scannerFocus = &avfocus;
+    for (const int value : {0, 1, 2}) {
+        avfocus.setValue(value);
+        runScanner(ctx, "C:\\AV\\scan.exe");
+    }
+    std::vector<int> styles;
+    for (const auto& [line, style] : os.processes.started) styles.push_back(style);
+    EXPECT_EQ(styles, (std::vector<int>{show::MinimizedFocus, show::NormalFocus, show::MinimizedFocus}));
+}
+
+// The program a scanner's line starts is the longest beginning before a blank
+// that names a program file: a file planted at a shorter beginning never runs,
+// and with the scanner gone nothing does.
+TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
+    const std::vector<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan\\scan.exe",
+                                      "C:\\a.dll", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};
+    Texts asked;
+    const auto program = [&](std::string_view line) {
+        return programOfCommandLine(line, [&](const std::string& path) {
+            asked.push_back(path);
+            return std::find(files.begin(), files.end(), path) != files.end();
+        });
+    };
+    const std::string scanner = "C:\\Program Files\\Scan\\scan.exe";
+    for (const std::string& args : {" /x \"C:\\a b.dll\" ", "  C:\\a.dll C:\\b.dll ", ""})  // no args: two blanks
+        EXPECT_EQ(program(scanner + args), scanner) << args;
+    EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
+    EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r") + program("C:\\My.Tools\\x /y"), "");  // x: no extension, no program
+    for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
+        EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }
 
 }  // namespace

@@ -1,14 +1,18 @@
 // The start-up over in-memory files: the paths, the run mode of the command
-// line with its refusals, and the settings applied to the windows and the run.
+// line with its refusals, the settings applied to the windows and the run, and
+// a Data folder that cannot be written.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
+#include "core/settings_store.h"
 #include "core/settings_text.h"
+#include "core/write_failures.h"
 #include "shutdown/secure_shut_down.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
+#include "ui/settings_actions.h"
 
 namespace tv {
 namespace {
@@ -165,6 +169,52 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
     run.os.files.put("C:\\Programs\\StartUp\\Tarvelon.lnk", "link");
     run.reload();
     EXPECT_EQ(w.Check1.value(), 1);
+}
+
+// A Data folder that cannot be written: the first scan that could never be saved
+// ends the start with one message (the start without a Data folder is the installer
+// scenario's).
+TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
+    Start run;
+    run.settings(newSettingsFileText());  // made by someone who may
+    run.os.files.folders.insert("C:\\TARVELON\\DATA\\LOG");
+    run.os.files.locked.insert("C:\\TARVELON\\DATA\\INTEGRITY.DAT");
+    run.os.boxes.answers = {box::Yes, box::Ok};
+    run.app.load();
+    ASSERT_EQ(run.os.boxes.shown.size(), 2u);  // the first-run question once, then why it cannot be
+    EXPECT_TRUE(run.os.boxes.shown[1].prompt.starts_with(
+        "Tarvelon cannot write to its Data folder:\r\nC:\\Tarvelon\\Data\\\r\n"));
+    EXPECT_TRUE(run.app.ended() && !run.ctx.primaryScan);  // no scan that could never be saved
+}
+
+// A write that fails later is told once per file, and the save does not claim success.
+// Settings and the snapshot through a profile writer that refuses every write.
+struct RefusingProfiles final : ProfileFiles {
+    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override {
+        return {};
+    }
+    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override {
+        return false;
+    }
+};
+
+TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {
+    test::FakePlatform os;
+    RefusingProfiles profiles;
+    AppContext ctx{{os.files, profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, os.registry, os.clock,
+                    os.windows, os.power, os.shortcuts}};
+    test::prepareProgramFolder(os, ctx, {});
+    ui::MainWindow window;
+    ui::SettingsActions actions{ctx, window, [] {}, [] {}};
+    os.boxes.answers = {box::Ok, box::Ok};
+    window.settings.cSave.userClick();
+    window.settings.cSave.userClick();
+    writeEntry(ctx, ctx.appPath + "Data\\Registry.dat", "Run", " (x.exe)", "LM/R");
+    ASSERT_EQ(os.boxes.shown.size(), 2u);
+    for (int i : {0, 1})
+        EXPECT_TRUE(os.boxes.shown[i].prompt.starts_with(std::string("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\") +
+                                                        (i ? "Registry" : "Tarvelon") + ".dat\r\n"));
+    EXPECT_EQ(ctx.failedWrites, 5);
 }
 
 }  // namespace

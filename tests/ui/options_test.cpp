@@ -1,11 +1,14 @@
 // The Options page and the main window's small actions over the platform's
 // stand-ins: Help, the web page, mail and updates; the settings page, the
-// shortcuts, the advanced page and Compare Speeds. What the real system makes
-// of the saves and shortcuts is the end-to-end scenario's.
+// shortcuts and the Startup folder they go to, the advanced page, Compare Speeds
+// and the flat controls, tree and list they are made of. What the real system
+// makes of the saves and shortcuts is the end-to-end scenario's.
+#include "core/file_utils.h"
 #include "core/vb_number.h"
 #include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/shortcut_maker.h"
+#include "ui/startup_folder.h"
 
 namespace tv::ui {
 namespace {
@@ -210,6 +213,162 @@ TEST(SingleText, SevenDigitsAndTheExponentFormAtTheEnds) {
                                       {-0.5f, "-0.5"}, {1234567.0f, "1234567"}, {12345678.0f, "1.234568E+07"},
                                       {0.0001f, "0.0001"}, {0.00001f, "1E-05"}})
         EXPECT_EQ(singleText(value), text) << value;
+}
+
+TEST(FlatControls, DisabledButtonIsWhiteAndGivesNoClickAndNormsTakesTheHoverOff) {
+    Control button(Kind::FlatButton, "cGo", nullptr, {}, "Go");
+    int clicks = 0;
+    button.onClick = [&] { ++clicks; };
+    button.setEnabled(false);
+    button.userClick();
+    button.userPress(true);  // no pressed look either
+    std::string colours = std::to_string(button.foreColour() == kWhite);
+    button.setEnabled(true);
+    colours += std::to_string(button.foreColour() == kBlack);
+    button.userPress(true);
+    button.downStatus();  // does nothing on a button
+    colours += std::to_string(button.foreColour() == kWhite);
+    button.userPress(false);
+    button.userClick();
+    EXPECT_EQ(colours + std::to_string(button.foreColour() == kBlack) + std::to_string(clicks), "11111");
+
+    MainWindow window;
+    window.settings.Check8.userHover(true);
+    window.advanced.avfocus.userHover(true);  // a plain check box has no hover
+    EXPECT_TRUE(window.settings.Check8.foreColour() == kBlue && window.advanced.avfocus.foreColour() == kBlack);
+    window.norms();
+    EXPECT_FALSE(window.settings.Check8.foreColour() != kBlack || window.settings.Check8.underlined());
+}
+
+// The tree of the RegWatch page and of the log browser: nodes found by key in
+// the order they came, a key that is taken refusing the node, and only the
+// user's clicks and openings raising events.
+TEST(TreeView, KeyedNodesInTheirOrderAndTheUsersEventsOnly) {
+    Control tree(Kind::TreeView, "TreeView1", nullptr, {}, {});
+    std::vector<std::string> events;
+    tree.onNodeClick = [&] { events.push_back("click " + std::to_string(tree.selectedNode())); };
+    tree.onExpand = [&](std::size_t node, bool open) { events.push_back((open ? "open " : "close ") + std::to_string(node)); };
+    EXPECT_TRUE(tree.addNode({}, "LOCAL", "HKEY_LOCAL_MACHINE") && tree.addNode("LOCAL", "!LLIR", "Loaded in Run"));
+    EXPECT_TRUE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "A (C:\\a.exe)"));
+    EXPECT_FALSE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "B (C:\\a.exe)") || tree.addNode("nowhere", "x", "x"));
+    EXPECT_TRUE(tree.addNode({}, "USER", "HKEY_CURRENT_USER"));
+    EXPECT_EQ(tree.nodeIndex("USER") + tree.nodeIndex("x"), 3u + kNoNode);
+    EXPECT_EQ(tree.nodes()[0].children + tree.nodes()[1].children + tree.nodes()[2].parent, 3u);
+    EXPECT_EQ(tree.fullPath(2) + "|" + tree.fullPath(3) + "|" + tree.fullPath(9),
+              "HKEY_LOCAL_MACHINE\\Loaded in Run\\A (C:\\a.exe)|HKEY_CURRENT_USER|");
+    tree.setValue(2);  // chosen by the program: no event
+    tree.userSelectNode(1);
+    tree.userSelectNode(1);  // the chosen node clicked again
+    tree.userExpandNode(0, true);
+    tree.userExpandNode(0, false);
+    tree.userSelectNode(7);
+    tree.userExpandNode(7, true);
+    tree.setEnabled(false);
+    tree.userSelectNode(0);
+    tree.userExpandNode(0, true);
+    EXPECT_EQ(events, (std::vector<std::string>{"click 1", "click 1", "open 0", "close 0"}));
+    tree.clearNodes();  // the keys go with the nodes, and so does the choice
+    EXPECT_TRUE(tree.selectedNode() == kNoNode && tree.addNode({}, "LOCAL", "again"));
+}
+
+TEST(ListBox, OneRowChangesInPlaceAndAWholeListArrivesAtOnce) {
+    Control list(Kind::ListBox, "List5", nullptr, {}, {});
+    std::vector<Prop> told;
+    list.setSink([&](Control&, Prop what) { told.push_back(what); });
+    list.addItem("row");
+    list.setValue(0);
+    list.setItem(0, "row) ");
+    list.setItem(0, "row) ");  // unchanged: nothing to tell
+    list.setItem(5, "none");
+    EXPECT_EQ(list.selectedText(), "row) ");
+    list.setItems({"a", "b", "c"});
+    EXPECT_EQ(list.items().size() + list.value(), 2u);  // and nothing is chosen
+    EXPECT_EQ(told, (std::vector<Prop>{Prop::ItemAdded, Prop::Value, Prop::ItemChanged, Prop::Items}));
+}
+
+// Where Auto-Load puts its shortcut: all users' Startup folder only for
+// Tarvelon installed for all users and run by an administrator, the user's own
+// otherwise; a shortcut an earlier copy left in the other folder is the one in
+// use, brought up to date, and goes with the user's own when Auto-Load is off.
+constexpr const char* kOwn = "C:\\Users\\Ann\\Startup\\Tarvelon.lnk";
+constexpr const char* kAll = "C:\\ProgramData\\Startup\\Tarvelon.lnk";
+constexpr const char* kInstalled = "C:\\Program Files\\Tarvelon\\TarvelonLow.exe";
+const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
+
+// The machine's list of installed programs with one setup's entry, which only
+// an administrator may open with all access.
+class SetupEntry final : public Registry {
+public:
+    std::string name, folder;
+    bool administrator = true;
+    long openKey(std::uint32_t root, const std::string& subKey, Key& key) override {
+        const bool found = root == hive::LocalMachine && subKey == kUninstall + name;
+        key = found && administrator ? 7 : 0;
+        return key ? 0 : found ? 5 : 2;
+    }
+    long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&,
+                    std::uint32_t&) override {
+        if (key != 7 || value != "InstallLocation") return 2;
+        buffer.replace(0, folder.size() + 1, folder + '\0');
+        return 0;
+    }
+    long enumKey(Key, std::uint32_t, std::string&) override { return 5; }
+    long enumValue(Key, std::uint32_t, std::string&, std::uint32_t, std::string&, std::uint32_t) override { return 5; }
+    long deleteValue(Key, const std::string&) override { return 5; }
+    long closeKey(Key) override { return 0; }
+};
+
+class AutoLoadFolder : public ::testing::Test {
+protected:
+    AutoLoadFolder() {
+        ctx.appPath = "C:\\Program Files\\Tarvelon\\";
+        os.processes.path = kInstalled;
+        os.shell.special[kUserStartupFolder] = "C:\\Users\\Ann\\Startup";
+        os.shell.special[kCommonStartupFolder] = "C:\\ProgramData\\Startup";
+    }
+    test::FakePlatform os;
+    SetupEntry entry;
+    AppContext ctx{{os.files, os.profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, entry, os.clock,
+                    os.windows, os.power, os.shortcuts}};
+};
+
+TEST_F(AutoLoadFolder, AllUsersStartupOnlyForTheAllUsersInstallationRunByAnAdministrator) {
+    struct Case {
+        const char *entry, *folder;
+        bool administrator;
+        const char* link;
+    };
+    for (const Case& c : {Case{"Tarvelon", "C:\\Program Files\\Tarvelon", true, kAll},
+                          Case{"Tarvelon (32-bit)", "c:\\program files\\TARVELON\\", true, kAll},
+                          Case{"Tarvelon", "C:\\Program Files\\Tarvelon", false, kOwn},
+                          Case{"Tarvelon", "C:\\Program Files\\Tarvelon Old", true, kOwn},
+                          Case{"Orbexa", "C:\\Program Files\\Tarvelon", true, kOwn}}) {
+        entry.name = c.entry;
+        entry.folder = c.folder;
+        entry.administrator = c.administrator;
+        EXPECT_EQ(autoLoadShortcutPath(ctx), c.link) << c.entry << " " << c.folder << " " << c.administrator;
+    }
+    entry.name.clear();  // no setup at all: a copy unpacked from the portable archive
+    EXPECT_EQ(getStartupFolder(ctx), "C:\\Users\\Ann\\Startup");
+}
+
+TEST_F(AutoLoadFolder, ShortcutAnEarlierCopyLeftInTheOtherFolderIsUpdatedOrRemoved) {
+    os.files.put(kAll, "an earlier copy's");
+    EXPECT_TRUE(fileThere(ctx, autoLoadShortcutPath(ctx)));  // Auto-Load shows as on
+    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // even the save that keeps a shortcut in place
+    ASSERT_EQ(os.shortcuts.links.size(), 1u);
+    EXPECT_EQ(os.shortcuts.links[0].first + "|" + os.shortcuts.links[0].second.target + "|" +
+                  os.shortcuts.links[0].second.arguments.value_or("none"), std::string(kAll) + "|" + kInstalled + "| /r");
+
+    os.files.put(kOwn, "mine");
+    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // the shortcut in the user's own folder is kept
+    EXPECT_EQ(os.shortcuts.links.size(), 1u);
+    os.files.put(kAll, "an earlier copy's");
+    EXPECT_TRUE(saveAutoLoad(ctx, false, true));
+    EXPECT_FALSE(fileThere(ctx, kOwn) || fileThere(ctx, kAll) || !os.boxes.shown.empty());
+
+    EXPECT_TRUE(saveAutoLoad(ctx, true, true));  // a new one goes to the user's own folder
+    EXPECT_EQ(os.shortcuts.links.back().first, kOwn);
 }
 
 }  // namespace
