@@ -297,8 +297,7 @@ const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Un
 
 // The machine's list of installed programs with one setup's entry, which only
 // an administrator may open with all access.
-class SetupEntry final : public Registry {
-public:
+struct SetupEntry final : test::NoRegistry {
     std::string name, folder;
     bool administrator = true;
     long openKey(std::uint32_t root, const std::string& subKey, Key& key) override {
@@ -306,16 +305,11 @@ public:
         key = found && administrator ? 7 : 0;
         return key ? 0 : found ? 5 : 2;
     }
-    long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&,
-                    std::uint32_t&) override {
+    long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&, std::uint32_t&) override {
         if (key != 7 || value != "InstallLocation") return 2;
         buffer.replace(0, folder.size() + 1, folder + '\0');
         return 0;
     }
-    long enumKey(Key, std::uint32_t, std::string&) override { return 5; }
-    long enumValue(Key, std::uint32_t, std::string&, std::uint32_t, std::string&, std::uint32_t) override { return 5; }
-    long deleteValue(Key, const std::string&) override { return 5; }
-    long closeKey(Key) override { return 0; }
 };
 
 class AutoLoadFolder : public ::testing::Test {
