@@ -1,6 +1,5 @@
-// AppWatch over a scripted desktop: the rules of its list and of finding a
-// window again by its title. A real window listed, chosen and closed is the
-// end-to-end scenario's.
+// AppWatch over a scripted desktop: the rules of its list and of finding a window again by its title. A real window
+// listed, chosen and closed is the end-to-end scenario's.
 #include <gtest/gtest.h>
 
 #include "appwatch/appwatch_actions.h"
@@ -61,8 +60,8 @@ TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     EXPECT_EQ(watch.listOpenWindows(), 1);
 }
 
-// Every action finds its window again: by the class label's tail and the
-// title, or, with the label cleared, by the trimmed title and an empty class.
+// Every action finds its window again: by the class label's tail and the title, or, with the label cleared, by the
+// trimmed title and an empty class.
 TEST_F(AppWatch, WindowsAreFoundAgainByTitleAndClass) {
     page.act.userClick();  // nothing chosen: the start text's tail is no class
     page.ref.userClick();

@@ -1,6 +1,5 @@
-// The scanner selection and the catalogue, driven through their controls with
-// the file box scripted and the folders searched in memory, and the scanners'
-// command lines. The real file box, search and scanner test, and two scanners
+// The scanner selection and the catalogue, driven through their controls with the file box scripted and the folders
+// searched in memory, and the scanners' command lines. The real file box, search and scanner test, and two scanners
 // given the batches of a report, are the end-to-end scenario's.
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
@@ -42,9 +41,8 @@ protected:
     }
 };
 
-// The family's arguments: Panda's stay out of the wizard, typed ones give way,
-// any other program gets a blank, and the second scanner takes those of the
-// first scanner's program. Saved, a missing first scanner becomes the
+// The family's arguments: Panda's stay out of the wizard, typed ones give way, any other program gets a blank, and
+// the second scanner takes those of the first scanner's program. Saved, a missing first scanner becomes the
 // placeholder after a word, a missing second one nothing without one.
 TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_EQ(scanner1() + "," + scanner2(), "C:\\AV\\scan.exe|/all,C:\\Second\\b.exe|");
@@ -73,8 +71,8 @@ TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_FALSE(choice().visible());
 }
 
-// Each row, in its place, searches for its own program file by that exact
-// name: below Program Files first, then below the drive.
+// Each row, in its place, searches for its own program file by that exact name: below Program Files first, then below
+// the drive.
 TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
     const std::vector<Search> rows{
         {"AVAST 4 (All Operating Systems)", "ashQuick.exe"}, {"AVAST32 (All Operating Systems)", "quick32.exe"},
@@ -102,8 +100,8 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
         EXPECT_EQ(catalogue().Text2.caption(), folder + "\\" + rows[row].second) << rows[row].first;
     }
 
-    // A system that names no Program Files folder: its empty answer becomes
-    // "\" (the current drive's root), the one answer the fallback does not mend.
+    // A system that names no Program Files folder: its empty answer becomes "\" (the current drive's root), the one
+    // answer the fallback does not mend.
     std::vector<std::string> looked;
     os.loop.onPump = [&] { looked.push_back(catalogue().Label4.caption()); };
     for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
@@ -139,8 +137,8 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
     os.files.files.erase("C:\\PROGRAM FILES\\NAV\\NAVW32.EXE");
 
-    // Test It! starts nothing for a program that is not there, and names one
-    // that will not start; only a started one offers Use It!.
+    // Test It! starts nothing for a program that is not there, and names one that will not start; only a started one
+    // offers Use It!.
     os.processes.refuse = true;
     click(catalogue().Command2, {box::Ok});
     EXPECT_EQ(lastBox(), "You must choose a virus scanner before you proceed!");
@@ -155,8 +153,8 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_EQ(wizard().vpath.caption() + "|" + wizard().varg.caption(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
     EXPECT_EQ(scanner1(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
 
-    // For the second scanner a Norton program is its own arguments, anything
-    // else (Panda too) gets a blank; the tag is used up.
+    // For the second scanner a Norton program is its own arguments, anything else (Panda too) gets a blank; the tag
+    // is used up.
     choice().cButton1.userClick();
     EXPECT_EQ(catalogue().tag, "1");
     catalogue().Command3.userClick();
@@ -177,9 +175,8 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled());
 }
 
-// Program Files is walked once, also through a junction that points up the
-// tree, and then the rest of the drive; the window lives on meanwhile, and
-// the button or Esc stops the search with the form as it was.
+// Program Files is walked once, also through a junction that points up the tree, and then the rest of the drive; the
+// window lives on meanwhile, and the button or Esc stops the search with the form as it was.
 TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
     drive({"AVG", "AVG\\Up"});
     os.files.makeFolder("C:\\Tools");
@@ -216,8 +213,8 @@ TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
     EXPECT_EQ(catalogue().cancelButton, nullptr);
 }
 
-// Batches of passCount turns, empty entries counted; the walk reads one past
-// the end as an empty entry; a flush that refuses ends the walk.
+// Batches of passCount turns, empty entries counted; the walk reads one past the end as an empty entry; a flush that
+// refuses ends the walk.
 TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
     test::FakePlatform os;
     AppContext ctx{os.set()};
@@ -259,9 +256,8 @@ TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
     EXPECT_EQ(styles, (std::vector<int>{show::MinimizedFocus, show::NormalFocus, show::MinimizedFocus}));
 }
 
-// The program a scanner's line starts is the longest beginning before a blank
-// that names a program file: a file planted at a shorter beginning never runs,
-// and with the scanner gone nothing does.
+// The program a scanner's line starts is the longest beginning before a blank that names a program file: a file
+// planted at a shorter beginning never runs, and with the scanner gone nothing does.
 TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
     const std::vector<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan\\scan.exe",
                                       "C:\\a.dll", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};

@@ -1,5 +1,5 @@
-// The platform-free rules everything parses with: the text routines, settings
-// numbers, the settings file's search and the baseline blocks in memory.
+// The platform-free rules everything parses with: the text routines, settings numbers, the settings file's search and
+// the baseline blocks in memory.
 #include <gtest/gtest.h>
 
 #include "core/section_blocks.h"
@@ -44,8 +44,8 @@ TEST(TextRoutines, SettingNumbersAllowBlanksRoundHalfToEvenAndRefuseTextAndOverf
     EXPECT_EQ(std::make_pair(toInt16("1"), toInt16("32768")), std::make_pair(std::optional<std::int16_t>(1), std::optional<std::int16_t>()));
 }
 
-// The settings file is searched as one text: the first "key=" anywhere, without
-// regard to case, up to its line end; values below two characters read as nothing.
+// The settings file is searched as one text: the first "key=" anywhere, without regard to case, up to its line end;
+// values below two characters read as nothing.
 TEST(SettingsText, RequestWordsFindTheFirstWholeKeyAnywhere) {
     const std::string file = "[Tarvelon]\r\nSETTINGS=1,0\r\nantivirus2=1,0,0\r\nantivirus=c:\\av.exe|/s\r\n"
                              "settings2=1,1\r\nalgo=x\r\ncheckpw=secret\r\nfoo=bar\r\n[1]\r\npath=C:\\A\\\r\n"

@@ -1,6 +1,5 @@
-// The start-up over in-memory files: the paths, the run mode of the command
-// line with its refusals, the settings applied to the windows and the run, and
-// a Data folder that cannot be written.
+// The start-up over in-memory files: the paths, the run mode of the command line with its refusals, the settings
+// applied to the windows and the run, and a Data folder that cannot be written.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
@@ -30,8 +29,8 @@ struct Start {
         os.files.folders.insert("C:\\TARVELON\\DATA");
         os.files.put(kSettings, std::move(text));
     }
-    // No data file: the first-run question comes on the plain name and again on
-    // the chosen algorithm's; both are refused.
+    // No data file: the first-run question comes on the plain name and again on the chosen algorithm's; both are
+    // refused.
     void refuseFirstRunTwice() { os.boxes.answers.insert(os.boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     bool reload() { return ui::loadSettings(ctx, app.mainForm(), app.scannerChoice()); }
 
@@ -41,9 +40,8 @@ struct Start {
     ui::MainWindow& main = app.mainForm();
 };
 
-// Switches are compared whole and case-sensitively after trimming; without a
-// data file a switched run asks for the primary scan twice, refuses and ends.
-// A scheduled run, which nobody watches, puts its boxes into a report instead.
+// Switches are compared whole and case-sensitively after trimming; without a data file a switched run asks for the
+// primary scan twice, refuses and ends. A scheduled run, which nobody watches, puts its boxes into a report instead.
 TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
     struct Case {
         const char* line;
@@ -146,8 +144,8 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
                                        s.Text2.caption(); };
     EXPECT_EQ(scanners(), "C:\\AV\\scan.exe|/all /quiet,C:\\Two\\two.exe|");
 
-    // Shorter lists leave the rest as it was; a scanner without "|" keeps the
-    // program and takes the whole text as its arguments.
+    // Shorter lists leave the rest as it was; a scanner without "|" keeps the program and takes the whole text as its
+    // arguments.
     run.settings("settings=0,1\r\nsettings2=0\r\nadvanced=262144\r\nantivirus=  plain.exe  \r\nalgo=md4\r\n");
     ASSERT_TRUE(run.reload());
     EXPECT_EQ(std::make_tuple(w.Check2.value(), w.Check3.value(), w.Check7.value(), w.Check17.value(),
@@ -171,9 +169,8 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
     EXPECT_EQ(w.Check1.value(), 1);
 }
 
-// A Data folder that cannot be written: the first scan that could never be saved
-// ends the start with one message (the start without a Data folder is the installer
-// scenario's).
+// A Data folder that cannot be written: the first scan that could never be saved ends the start with one message (the
+// start without a Data folder is the installer scenario's).
 TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
     Start run;
     run.settings(newSettingsFileText());  // made by someone who may
@@ -187,8 +184,8 @@ TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
     EXPECT_TRUE(run.app.ended() && !run.ctx.primaryScan);  // no scan that could never be saved
 }
 
-// A write that fails later is told once per file, and the save does not claim success.
-// Settings and the snapshot through a profile writer that refuses every write.
+// A write that fails later is told once per file, and the save does not claim success. Settings and the snapshot
+// through a profile writer that refuses every write.
 struct RefusingProfiles final : ProfileFiles {
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override {
         return {};

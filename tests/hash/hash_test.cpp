@@ -1,5 +1,5 @@
-// The checksum engines against published answers and against one another, the
-// program's engine rules, the checksum text of a file and the page-aligned read buffer.
+// The checksum engines against published answers and against one another, the program's engine rules, the checksum
+// text of a file and the page-aligned read buffer.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -51,8 +51,8 @@ TEST(KnownAnswers, EveryEngineAndEveryFastForm) {
     }
 }
 
-// Every fast form against the plainest one, over lengths around the block and
-// folding boundaries, odd alignments, and each input split at random points.
+// Every fast form against the plainest one, over lengths around the block and folding boundaries, odd alignments, and
+// each input split at random points.
 TEST(KnownAnswers, FastFormsAndSplitInputsAgreeWithThePlainestForm) {
     std::mt19937 random(20261122);
     std::vector<std::uint8_t> data(70000);
@@ -123,8 +123,8 @@ TEST(Engines, CrcRegisterCarriesOverAndTheHashKeepsItsAlgorithmRules) {
     EXPECT_EQ(digestText(d, 1) + "|" + digestText(d, 2) + "|" + digestText(d, 3), std::string("102550|\x0a\xff\0|", 11));
 }
 
-// The read buffer starts on a page boundary whatever the C runtime offers and can be
-// written whole (the sanitizers watch the ends); a smaller size keeps its block.
+// The read buffer starts on a page boundary whatever the C runtime offers and can be written whole (the sanitizers
+// watch the ends); a smaller size keeps its block.
 TEST(Engines, ReadBufferStartsOnAPageAndHoldsWhatWasAskedFor) {
     ReadBuffer buffer;
     std::uint8_t* before = nullptr;

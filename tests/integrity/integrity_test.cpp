@@ -1,7 +1,6 @@
-// The integrity data files over in-memory files: their cut into blocks, their
-// load and look-ups, the blank baseline of a folder, one comparison pass, the
-// look-ups of the update in the lists of findings, a save that a crash may
-// stop at any step, and findings that nobody watches going to a report.
+// The integrity data files over in-memory files: their cut into blocks, their load and look-ups, the blank baseline
+// of a folder, one comparison pass, the look-ups of the update in the lists of findings, a save that a crash may stop
+// at any step, and findings that nobody watches going to a report.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -73,8 +72,7 @@ protected:
         os.files.put("C:\\crc.tmp", content);
         return hash::getChecksum(ctx, "C:\\crc.tmp");
     }
-    // One pass over the system directory (or the custom folder) against a
-    // baseline of DLL, EXE and COM files.
+    // One pass over the system directory (or the custom folder) against a baseline of DLL, EXE and COM files.
     void pass(SectionBlocks& baseline, const std::string& dll, const std::string& exe, const std::string& com,
               int type, const char* ext1, const char* ext2, const char* planned) {
         baseline = splitDataFile("[DLL]\r\n" + dll + "NULL*E\r\n[EXE]\r\n" + exe + "NULL*E\r\n[COM]\r\n" + com +
@@ -173,9 +171,8 @@ TEST_F(DataFile, CustomFolderPassUsesItsOwnBaselineAndList) {
               "D:\\Tools\\gone.dll(7) " + crcOf("changed") + ",D:\\Tools\\tool.exe(7) " + crcOf("tool") + ",");
 }
 
-// The index answers as the plain search of "," + path + mark does, on random
-// lists of few letters, commas, blanks and marks, whose paths overlap, hold the
-// mark and contain one another.
+// The index answers as the plain search of "," + path + mark does, on random lists of few letters, commas, blanks and
+// marks, whose paths overlap, hold the mark and contain one another.
 TEST(PendingListIndex, AgreesWithThePlainSearch) {
     const auto plain = [](const std::string& list, const std::string& path, char mark) -> std::size_t {
         const std::size_t at = list.find("," + path + mark);
@@ -202,8 +199,8 @@ TEST(PendingListIndex, AgreesWithThePlainSearch) {
     }
 }
 
-// Files that stop for good at their n-th change and leave that change half done,
-// as a crash or a power loss in the middle of a save would.
+// Files that stop for good at their n-th change and leave that change half done, as a crash or a power loss in the
+// middle of a save would.
 class CrashingFiles final : public test::MemoryFiles {
 public:
     explicit CrashingFiles(int crashAt) : crashAt(crashAt) {}
@@ -235,9 +232,8 @@ private:
     int changes_ = 0;
 };
 
-// Every start after a crash at any step of a save loads a whole baseline, the
-// former or the new one, and asks nothing; the save takes three steps: the
-// backup, the new text beside the file, its move into place.
+// Every start after a crash at any step of a save loads a whole baseline, the former or the new one, and asks
+// nothing; the save takes three steps: the backup, the new text beside the file, its move into place.
 TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
     const std::string before = std::string(kDataFileHeader) + "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n[EXE]\r\nNULL*E\r\n";
     for (const bool custom : {false, true}) {
@@ -277,8 +273,8 @@ TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
     }
 }
 
-// A run that nobody watches never waits on a message box: what the box would
-// have said goes into a report of its own, and the run goes on to its end.
+// A run that nobody watches never waits on a message box: what the box would have said goes into a report of its own,
+// and the run goes on to its end.
 TEST(UnattendedRun, NoScannerInAScheduledRunIsReportedAndTheRunEnds) {
     test::FakePlatform os;
     AppContext ctx{os.set()};

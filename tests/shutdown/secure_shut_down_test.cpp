@@ -1,6 +1,6 @@
-// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the
-// sequence between them with a wininit.ini of the test's own, scanners and power actions recorded and
-// the count-down's timer ticked by the test. The end-to-end journey walks the windows themselves.
+// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the sequence between
+// them with a wininit.ini of the test's own, scanners and power actions recorded and the count-down's timer ticked by
+// the test. The end-to-end journey walks the windows themselves.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
@@ -132,13 +132,13 @@ TEST_F(SecureShutDownTest, PowerActionsForceHungProgramsFromWindows2000OnAndAllB
 TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxCanStop) {
     for (const char* name : {"old.dll", "a.x", "b.x", "c.x"}) os.files.put("C:\\P\\"s + name, name);
     os.files.folders.insert("C:\\P\\FOLDER.TMP");
-    // Files that are gone and folders are left out; the second scanner runs
-    // whenever it is set up, the first only with files.
+    // Files that are gone and folders are left out; the second scanner runs whenever it is set up, the first only
+    // with files.
     os.files.put("C:\\WINDOWS\\wininit.ini", "NUL=C:\\P\\old.dll\r\nx=C:\\P\\gone.dll\r\nNUL=C:\\P\\folder.tmp");
     scanners.Text1.setCaption("two.exe");
     scanners.Text2.setCaption("-y");
-    // The pending renames go in runs of passCount files. A file already in the run being built is
-    // not taken again; one that is gone counts all the same.
+    // The pending renames go in runs of passCount files. A file already in the run being built is not taken again;
+    // one that is gone counts all the same.
     registry.value = "\\??\\C:\\P\\a.x\0\\??\\C:\\P\\a.x\0\\??\\C:\\P\\gone.x\0\\??\\C:\\P\\b.x\0\\??\\C:\\P\\c.x\0\0"s;
     ctx.passCount = 2;
     List5.setItems({kWarningsHeading, "HKEY_CURRENT_USER|Loaded in \\Tv (C:\\tv.exe) New Entry!"});
@@ -185,9 +185,8 @@ TEST_F(SecureShutDownTest, ShutDownNowSendsTheActionOnce) {
     EXPECT_FALSE(host.ended());
 }
 
-// A refused action is named and gives the choice back: chosen again, it comes at
-// once without scanning again, and No ends the program; with nobody there the
-// question goes to the report and the dialog waits.
+// A refused action is named and gives the choice back: chosen again, it comes at once without scanning again, and No
+// ends the program; with nobody there the question goes to the report and the dialog waits.
 TEST_F(SecureShutDownTest, ARefusedActionIsNamedAndTheChoiceComesBack) {
     os.power.refuses = true;
     chooseAndScan(dialog.Label2, true);  // Log Off... asks to hibernate

@@ -1,8 +1,7 @@
-// The Options page and the main window's small actions over the platform's
-// stand-ins: Help, the web page, mail and updates; the settings page, the
-// shortcuts and the Startup folder they go to, the advanced page, Compare Speeds
-// and the flat controls, tree and list they are made of. What the real system
-// makes of the saves and shortcuts is the end-to-end scenario's.
+// The Options page and the main window's small actions over the platform's stand-ins: Help, the web page, mail and
+// updates; the settings page, the shortcuts and the Startup folder they go to, the advanced page, Compare Speeds and
+// the flat controls, tree and list they are made of. What the real system makes of the saves and shortcuts is the
+// end-to-end scenario's.
 #include "core/file_utils.h"
 #include "core/vb_number.h"
 #include "tests/ui/app_fixture.h"
@@ -58,9 +57,8 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
               std::string("The web site could not be opened. Please visit ") + kUpdateUtilityPage + " by hand.");
 }
 
-// A save starts from no Auto-Load shortcut and makes it again when the box is
-// ticked, with the settings file made anew if it has gone; a shortcut that
-// cannot be made is reported instead of the success.
+// A save starts from no Auto-Load shortcut and makes it again when the box is ticked, with the settings file made
+// anew if it has gone; a shortcut that cannot be made is reported instead of the success.
 TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) {
     window.options.cSettings.userClick();
     ASSERT_TRUE(os.files.remove(ctx.settFile));
@@ -80,8 +78,8 @@ TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) 
     EXPECT_EQ(lastBox(), "Settings Saved Successfully");
 }
 
-// The two ways, and what each Auto-Load and Secure Shut Down shortcut holds,
-// are the Wine and end-to-end scenarios'; here the rules around them.
+// The two ways, and what each Auto-Load and Secure Shut Down shortcut holds, are the Wine and end-to-end scenarios';
+// here the rules around them.
 TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven) {
     os.processes.path = "D:\\Tools\\Tarvelon.Low.EXE";
     EXPECT_EQ(programFile(ctx), "C:\\Tarvelon\\Tarvelon.Low.exe");
@@ -102,8 +100,7 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     createAutoLoad(ctx, kLink);
     EXPECT_EQ(os.shortcuts.links.size(), 2u);
 
-    // A Secure Shut Down shortcut that fails is reported; one that is there
-    // already is kept, and that is a success.
+    // A Secure Shut Down shortcut that fails is reported; one that is there already is kept, and that is a success.
     ctx.useWsh = 1;
     os.shortcuts.succeed = false;
     os.boxes.answers = {box::No, box::Ok, box::Ok, box::No, box::Ok, box::Ok};
@@ -119,8 +116,8 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     EXPECT_EQ(lastBox(), "Success!");
 }
 
-// Opening the page selects the options of the saved values, and none for a
-// value no option stands for; the read buffer takes effect at the save.
+// Opening the page selects the options of the saved values, and none for a value no option stands for; the read
+// buffer takes effect at the save.
 TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
     struct Case {
         const char *advanced, *algorithm;
@@ -158,8 +155,8 @@ TEST_F(Options, WarningShowsWhileNeitherScannerOptionIsTicked) {
     EXPECT_EQ(seen, "--W--W-");  // greyed counts as ticked
 }
 
-// Three tests over the four buffer sizes on the program file, each size timed
-// by the clock; the buffer and the button are put back after them.
+// Three tests over the four buffer sizes on the program file, each size timed by the clock; the buffer and the button
+// are put back after them.
 class CompareSpeeds : public Options {
 protected:
     CompareSpeeds() {
@@ -178,8 +175,8 @@ protected:
     std::string buffersAtPumps;
 };
 
-// Of equal times the smaller buffer stays the quickest; a timing across
-// midnight comes out negative, and the quickest.
+// Of equal times the smaller buffer stays the quickest; a timing across midnight comes out negative, and the
+// quickest.
 TEST_F(CompareSpeeds, ReportsEveryTestWithTheQuickestBuffer) {
     for (int i = 0; i < 12; ++i) os.clock.script.insert(os.clock.script.end(), {45296.125, 45296.171875});
     os.clock.script[5] = 45296.1875;  // test 1, 256 Kb
@@ -240,9 +237,8 @@ TEST(FlatControls, DisabledButtonIsWhiteAndGivesNoClickAndNormsTakesTheHoverOff)
     EXPECT_FALSE(window.settings.Check8.foreColour() != kBlack || window.settings.Check8.underlined());
 }
 
-// The tree of the RegWatch page and of the log browser: nodes found by key in
-// the order they came, a key that is taken refusing the node, and only the
-// user's clicks and openings raising events.
+// The tree of the RegWatch page and of the log browser: nodes found by key in the order they came, a key that is
+// taken refusing the node, and only the user's clicks and openings raising events.
 TEST(TreeView, KeyedNodesInTheirOrderAndTheUsersEventsOnly) {
     Control tree(Kind::TreeView, "TreeView1", nullptr, {}, {});
     std::vector<std::string> events;
@@ -286,17 +282,16 @@ TEST(ListBox, OneRowChangesInPlaceAndAWholeListArrivesAtOnce) {
     EXPECT_EQ(told, (std::vector<Prop>{Prop::ItemAdded, Prop::Value, Prop::ItemChanged, Prop::Items}));
 }
 
-// Where Auto-Load puts its shortcut: all users' Startup folder only for
-// Tarvelon installed for all users and run by an administrator, the user's own
-// otherwise; a shortcut an earlier copy left in the other folder is the one in
-// use, brought up to date, and goes with the user's own when Auto-Load is off.
+// Where Auto-Load puts its shortcut: all users' Startup folder only for Tarvelon installed for all users and run by
+// an administrator, the user's own otherwise; a shortcut an earlier copy left in the other folder is the one in use,
+// brought up to date, and goes with the user's own when Auto-Load is off.
 constexpr const char* kOwn = "C:\\Users\\Ann\\Startup\\Tarvelon.lnk";
 constexpr const char* kAll = "C:\\ProgramData\\Startup\\Tarvelon.lnk";
 constexpr const char* kInstalled = "C:\\Program Files\\Tarvelon\\TarvelonLow.exe";
 const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
 
-// The machine's list of installed programs with one setup's entry, which only
-// an administrator may open with all access.
+// The machine's list of installed programs with one setup's entry, which only an administrator may open with all
+// access.
 struct SetupEntry final : test::NoRegistry {
     std::string name, folder;
     bool administrator = true;

@@ -1,5 +1,5 @@
-// The Setup Wizard walked with the mouse, as a user does. Its pages' titles,
-// texts and controls and a whole walk to Save are the end-to-end scenario's.
+// The Setup Wizard walked with the mouse, as a user does. Its pages' titles, texts and controls and a whole walk to
+// Save are the end-to-end scenario's.
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
@@ -77,8 +77,8 @@ TEST_F(Wizard, LeavingTheTestPageWithoutAScannerIsToldAndOnlyNoKeepsTheWizard) {
     EXPECT_TRUE(!form.visible() && wizard.page() == 3);
 }
 
-// Next, Back and Cancel light up under the mouse, blue and underlined with the
-// others plain; a press turns a label light blue; the text makes all plain.
+// Next, Back and Cancel light up under the mouse, blue and underlined with the others plain; a press turns a label
+// light blue; the text makes all plain.
 TEST_F(Wizard, LabelsLightUnderTheMouse) {
     open();
     next();
@@ -114,8 +114,8 @@ TEST_F(Wizard, LocateAndHelpFillTheFirstScannerInBothForms) {
     EXPECT_TRUE(app.scannerCatalogue().visible() && app.scannerCatalogue().tag.empty());
 }
 
-// Unlike the settings page, the wizard keeps a shortcut that is there already
-// while Auto-Load stays on; a scanner that is gone is saved as the placeholder.
+// Unlike the settings page, the wizard keeps a shortcut that is there already while Auto-Load stays on; a scanner
+// that is gone is saved as the placeholder.
 TEST_F(Wizard, SaveMakesTheSettingsFileAgainAndKeepsAutoLoad) {
     open();
     ASSERT_TRUE(os.files.remove(ctx.settFile));  // deleted meanwhile: made anew before the writes
