@@ -289,12 +289,16 @@ TEST(UnattendedRun, NoScannerInAScheduledRunIsReportedAndTheRunEnds) {
     window.List1.addItem("C:\\WINDOWS\\SYSTEM32\\A.DLL");
     ctx.scan.failList = "C:\\WINDOWS\\SYSTEM32\\A.DLL 1234,";
     FindingsAction(ctx, window, host, driver).label12Click();
+    const auto report = [&](const std::string& name) {
+        const std::string* text = os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006" + name + ".log");
+        return text ? *text : "(none)";
+    };
     EXPECT_TRUE(host.ended);
-    EXPECT_EQ(*os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006 unattended(3_04_07PM).log"),
-              "Unattended Run - Tarvelon did not wait for an answer to these messages,You do not have any Anti-Virus program setup with Tarvelon.  For your conveniance, these "
-              "files will be added to the log, and will be updated in your Integrity File (so that you can scan "
-              "them for viruses later).\r\n");
-    EXPECT_EQ(*os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006(3_04_07PM).log"),
+    EXPECT_EQ(report(" unattended(3_04_07PM)"),
+              "Unattended Run - Tarvelon did not wait for an answer to these messages,You do not have any Anti-Virus "
+              "program setup with Tarvelon.  For your conveniance, these files will be added to the log, and will be "
+              "updated in your Integrity File (so that you can scan them for viruses later).\r\n");
+    EXPECT_EQ(report("(3_04_07PM)"),
               "Integrity Checker - These files were logged because you didn't setup an Anti-Virus Scanner,"
               "C:\\WINDOWS\\SYSTEM32\\A.DLL\r\n");
 }

@@ -319,20 +319,13 @@ protected:
 };
 
 TEST_F(AutoLoadFolder, AllUsersStartupOnlyForTheAllUsersInstallationRunByAnAdministrator) {
-    struct Case {
-        const char *entry, *folder;
-        bool administrator;
-        const char* link;
-    };
-    for (const Case& c : {Case{"Tarvelon", "C:\\Program Files\\Tarvelon", true, kAll},
-                          Case{"Tarvelon (32-bit)", "c:\\program files\\TARVELON\\", true, kAll},
-                          Case{"Tarvelon", "C:\\Program Files\\Tarvelon", false, kOwn},
-                          Case{"Tarvelon", "C:\\Program Files\\Tarvelon Old", true, kOwn},
-                          Case{"Orbexa", "C:\\Program Files\\Tarvelon", true, kOwn}}) {
-        entry.name = c.entry;
-        entry.folder = c.folder;
-        entry.administrator = c.administrator;
-        EXPECT_EQ(autoLoadShortcutPath(ctx), c.link) << c.entry << " " << c.folder << " " << c.administrator;
+    for (const auto& [name, folder, administrator, link] :
+         {std::tuple{"Tarvelon", "C:\\Program Files\\Tarvelon", true, kAll},
+          {"Tarvelon (32-bit)", "c:\\program files\\TARVELON\\", true, kAll},
+          {"Tarvelon", "C:\\Program Files\\Tarvelon", false, kOwn}, {"Tarvelon", "C:\\Program Files\\Tarvelon Old", true, kOwn},
+          {"Orbexa", "C:\\Program Files\\Tarvelon", true, kOwn}}) {
+        std::tie(entry.name, entry.folder, entry.administrator) = std::tuple{name, folder, administrator};
+        EXPECT_EQ(autoLoadShortcutPath(ctx), link) << name << " " << folder << " " << administrator;
     }
     entry.name.clear();  // no setup at all: a copy unpacked from the portable archive
     EXPECT_EQ(getStartupFolder(ctx), "C:\\Users\\Ann\\Startup");
