@@ -103,6 +103,7 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_power.cpp
   platform/win32/win32_shell.cpp
   platform/win32/win32_shortcuts.cpp
+  platform/win32/win32_threads.cpp
   platform/win32/win32_top_windows.cpp
 )
 

@@ -1,18 +1,11 @@
 #include "platform/win32/dll_search.h"
 
-#include "platform/win32/win32_base.h"
+#include "platform/win32/kernel_function.h"
 
 namespace tv::win32 {
 namespace {
 
 constexpr DWORD kSearchSystem32 = 0x00000800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
-
-template <class Function>
-Function kernelFunction(const char* name) {
-    // kernel32 is loaded in every process: asking for it loads nothing.
-    HMODULE kernel = ::GetModuleHandleA("kernel32.dll");
-    return kernel ? reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(kernel, name))) : nullptr;
-}
 
 }  // namespace
 

@@ -39,6 +39,7 @@ public:
     std::optional<std::uint64_t> length(const std::string& path) const override;
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
+    const ListedName* peekName(std::size_t ahead) override;
 
     // Names as they were put, for the listing (the maps hold upper-cased keys).
     std::map<std::string, std::string> spelled;
@@ -47,6 +48,8 @@ private:
     bool parentExists(const std::string& key) const;
     std::vector<std::string> listing_;
     std::size_t listed_ = 0;
+    std::string listingFolder_;
+    ListedName peeked_;
 };
 
 class NoProfileFiles final : public ProfileFiles {
