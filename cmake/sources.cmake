@@ -21,6 +21,7 @@ set(TARVELON_CORE_SOURCES
   custom/custom_folder_manager.cpp
   custom/custom_slots.cpp
   hash/checksum.cpp
+  hash/checksum_workers.cpp
   hash/cpu_features.cpp
   hash/crc16.cpp
   hash/crc32_fold.cpp
@@ -43,6 +44,7 @@ set(TARVELON_CORE_SOURCES
   integrity/folder_scan_page.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
+  integrity/pass_walk.cpp
   integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp

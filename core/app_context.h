@@ -73,6 +73,9 @@ struct AppContext {
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;
+    // Threads that take a scan's checksums ahead of its walk: -1 one for each
+    // processor (none with a single one), 0 none.
+    int checksumWorkers = -1;
 };
 
 }  // namespace tv
