@@ -11,6 +11,7 @@ set(TARVELON_CORE_SOURCES
   core/baseline_block.cpp
   core/baseline_text.cpp
   core/file_utils.cpp
+  core/primary_scan_file.cpp
   core/run_switch.cpp
   core/section_blocks.cpp
   core/settings_store.cpp

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "core/platform_set.h"
+#include "core/primary_scan_file.h"
 #include "core/scan_run_state.h"
 #include "core/section_blocks.h"
 #include "hash/read_buffer.h"
@@ -47,6 +49,8 @@ struct AppContext {
     bool schedRun = false;
     bool primaryBuild = false;
     bool primaryScan = false;
+    // The system's data file while the primary full scan writes to it.
+    std::unique_ptr<PrimaryScanFile> primaryScanFile;
 
     // The baselines in memory: the system directory's, and the custom folder's in hand.
     SectionBlocks section;  // sectionText / sectionName
