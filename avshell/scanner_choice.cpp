@@ -5,6 +5,7 @@
 #include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 
 namespace tv::ui {
 namespace {
@@ -80,9 +81,10 @@ void ScannerChoice::save() {
         form_.Text1.setCaption("");
         form_.Text2.setCaption("");
     }
+    const WriteCheck written(ctx_);
     writeEntry(ctx_, ctx_.settFile, "antivirus", form_.Text5.caption() + "|" + form_.Text6.caption(), "Tarvelon");
     writeEntry(ctx_, ctx_.settFile, "av2", form_.Text1.caption() + "|" + form_.Text2.caption(), "Tarvelon");
-    ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
+    if (written.allWritten()) ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
     form_.setVisible(false);
 }
 

@@ -18,6 +18,7 @@ set(TARVELON_CORE_SOURCES
   core/settings_text.cpp
   core/text.cpp
   core/vb_number.cpp
+  core/write_failures.cpp
   custom/custom_folder_form.cpp
   custom/custom_folder_manager.cpp
   custom/custom_slots.cpp
@@ -91,6 +92,7 @@ set(TARVELON_CORE_SOURCES
 
 set(TARVELON_WIN32_SOURCES
   platform/win32/control_paint.cpp
+  platform/win32/display_scale.cpp
   platform/win32/dll_search.cpp
   platform/win32/win32_clock.cpp
   platform/win32/flat_controls.cpp

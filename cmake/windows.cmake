@@ -8,7 +8,8 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   list(APPEND TARVELON_WIN_LINK -Wl,--high-entropy-va)
 endif()
 
-# Windows XP is the oldest system the program file must load on.
+# Windows XP is the oldest system whose headers the program compiles against;
+# the 32-bit program file loads on Windows 98 SE too (tools/check-imports.sh).
 add_compile_definitions(_WIN32_WINNT=0x0501 WINVER=0x0501 _WIN32_IE=0x0600)
 
 add_library(tarvelon_win32 STATIC ${TARVELON_WIN32_SOURCES})
@@ -24,6 +25,11 @@ add_executable(TarvelonLow WIN32
   platform/win32/program_entry.cpp
   ${CMAKE_BINARY_DIR}/version.rc)
 target_include_directories(TarvelonLow PRIVATE ${PROJECT_SOURCE_DIR}/packaging)
+# The 32-bit program loads on Windows 98: the runtime's few wide-text imports
+# are replaced by narrow calls (tools/check-imports.sh checks the result).
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_sources(TarvelonLow PRIVATE platform/win32/narrow_runtime_imports.cpp)
+endif()
 target_link_libraries(TarvelonLow PRIVATE tarvelon_win32)
 set_target_properties(TarvelonLow PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 # The help pages lie beside the program file, as they are installed, and are
@@ -35,6 +41,11 @@ add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/help.stamp
   COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/help.stamp
   DEPENDS ${TARVELON_HELP_PAGES})
 add_custom_target(help_pages ALL DEPENDS ${CMAKE_BINARY_DIR}/help.stamp)
+# The licence, the runtime's notices and the release notes, beside the program
+# as well, where the help links to them.
+foreach(text LICENSE.txt packaging/NOTICES.txt CHANGELOG.md)
+  configure_file(${PROJECT_SOURCE_DIR}/${text} ${CMAKE_BINARY_DIR} COPYONLY)
+endforeach()
 
 if(TARVELON_TESTS)
   add_subdirectory(tools)

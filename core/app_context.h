@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "core/platform_set.h"
@@ -74,6 +75,11 @@ struct AppContext {
     // The progress bar a scan inside Secure Shut Down moves; null until the
     // shut-down windows exist.
     ui::Control* shutDownProgress = nullptr;
+
+    // Writes of files under Data\ that failed in this run, and the files
+    // (upper-cased) whose failure the user has been told of.
+    int failedWrites = 0;
+    std::set<std::string> filesNotWritten;
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;

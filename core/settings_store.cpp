@@ -2,6 +2,7 @@
 
 #include "core/settings_text.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 
 namespace tv {
 
@@ -52,7 +53,9 @@ WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::str
         const bool written = ctx.primaryScan && file == ctx.intFile
                                  ? primaryScanFile(ctx).write(section, key, value)
                                  : ctx.os.profiles.put(section, key, value, file);
-        return written ? WriteOutcome::WrittenToDisk : WriteOutcome::DiskWriteFailed;
+        if (written) return WriteOutcome::WrittenToDisk;
+        reportFailedWrite(ctx, file);
+        return WriteOutcome::DiskWriteFailed;
     }
     SectionBlocks& blocks = ctx.customFolder.empty() ? ctx.section : ctx.custom;
     return writeEntryToBlocks(blocks, section, key, value) ? WriteOutcome::StoredInMemory

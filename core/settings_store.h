@@ -34,7 +34,8 @@ enum class WriteOutcome {
 // Stores one entry. While the primary full scan runs, and for the settings and
 // registry snapshot files, it goes straight to disk; any other file is an
 // integrity data file and the entry goes to the baseline in memory (the custom
-// folder's when customFolder is set). `value` carries its "*E" already.
+// folder's when customFolder is set). `value` carries its "*E" already. A
+// disk write that fails is reported (reportFailedWrite).
 WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::string& key,
                         const std::string& value, const std::string& section);
 

@@ -3,6 +3,7 @@
 #include "core/file_utils.h"
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "custom/custom_folder_form.h"
 #include "custom/custom_slots.h"
 #include "hash/checksum.h"
@@ -184,6 +185,7 @@ void CustomFolderManager::removeFolder() {
 
 void CustomFolderManager::saveAndExit() {
     custDirty = 0;
+    const WriteCheck written(ctx_);
     checkSettFile(ctx_);
     const auto& rows = form_.List1.items();
     for (int slot = 1; slot <= kSlotCount && static_cast<std::size_t>(slot) <= rows.size(); ++slot) {
@@ -198,7 +200,7 @@ void CustomFolderManager::saveAndExit() {
     for (int slot = 1; slot <= kSlotCount && static_cast<std::size_t>(slot) <= rows.size(); ++slot)
         if (!fileThere(ctx_, hash::getCustomDat(ctx_, slot)) && !isEmptyRow(rows[slot - 1]))
             ctx_.scan.customIndex = static_cast<std::int16_t>(slot);
-    ctx_.os.boxes.show("Save Successful!", kAppTitle, box::OkOnly);
+    if (written.allWritten()) ctx_.os.boxes.show("Save Successful!", kAppTitle, box::OkOnly);
     reloadFolderList_();
     form_.setVisible(false);
 }

@@ -2,6 +2,7 @@
 
 #include "core/file_utils.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "integrity/baseline_build.h"
 #include "integrity/data_file.h"
 
@@ -22,7 +23,11 @@ constexpr const char* kFirstRunRefused =
 
 void buildPrimaryBaseline(AppContext& ctx, ScanHost& host) {
     ctx.primaryBuild = true;
-    ctx.os.files.writeAll(ctx.intFile, "");
+    if (!ctx.os.files.writeAll(ctx.intFile, "")) {
+        // Data\ may not be written: the scan could never be saved.
+        showUnwritableData(ctx);
+        return host.endProgram();
+    }
     host.setMainCaption("Building Integrity File...");
     ctx.os.loop.pump();
     const SectionNameLists lists = walkFolder(ctx, trimBlanks(getSysDir(ctx)));

@@ -5,6 +5,7 @@
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "core/vb_number.h"
+#include "core/write_failures.h"
 #include "hash/checksum.h"
 #include "hash/file_checksum.h"
 #include "integrity/data_file.h"
@@ -76,7 +77,8 @@ void FindingsAction::label12Click() {
         }
         window_.Label13.setCaption("Logging Action...");
         std::string report = (noScanner ? kNoScannerHeading : kScannedHeading) + all;
-        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return showScannerFailure();
+        // A report that cannot be written was told of; the findings stay unaccepted.
+        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return;
     }
     window_.Label13.setCaption("Updating Integrity File...");
     updateDatFile();
@@ -138,7 +140,7 @@ void FindingsAction::updateDatFile() {
         pump.getInputState();
     }
     window_.setCaption("Integrity File(s) Updated");
-    saveIntFile(ctx_);
+    if (!saveIntFile(ctx_)) reportFailedWrite(ctx_, ctx_.intFile);
     loadIntFile(ctx_, ctx_.intFile);
     window_.Label13.setCaption("Integrity File Updated");
     window_.Label12.setCaption(kCloseCaption);
@@ -158,7 +160,7 @@ void FindingsAction::specialSave(int slot) {
         ctx_.os.loop.pump();
     }
     passFolderList_[slot].clear();
-    saveCustomDat(ctx_, file);
+    if (!saveCustomDat(ctx_, file)) reportFailedWrite(ctx_, file);
 }
 
 }  // namespace tv

@@ -1,6 +1,7 @@
 #include "logging/write_log.h"
 
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "logging/log_names.h"
 #include "platform/controls.h"
 
@@ -24,6 +25,11 @@ std::string fileFields(std::string rest) {
     return replaceText(rest, " ", ",");
 }
 
+LogOutcome failedReport(AppContext& ctx, const std::string& file) {
+    reportFailedWrite(ctx, file);
+    return LogOutcome::Failed;
+}
+
 }  // namespace
 
 std::string logFileName(const AppContext& ctx) {
@@ -38,11 +44,11 @@ LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force) {
         if (!ctx.autoLogging || ctx.autoLogging->value() == 0) return LogOutcome::Skipped;
     }
     const std::string file = logFileName(ctx);
-    if (!ctx.os.files.append(file, "")) return LogOutcome::Failed;
+    if (!ctx.os.files.append(file, "")) return failedReport(ctx, file);
     const std::size_t comma = inStr(1, listText, ",");
     const std::string heading = leftText(listText, comma);
     listText = heading + fileFields(trimBlanks(midText(listText, comma + 1, listText.size())));
-    return ctx.os.files.writeAll(file, listText + "\r\n") ? LogOutcome::Written : LogOutcome::Failed;
+    return ctx.os.files.writeAll(file, listText + "\r\n") ? LogOutcome::Written : failedReport(ctx, file);
 }
 
 }  // namespace tv

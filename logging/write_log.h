@@ -12,7 +12,7 @@ namespace tv {
 enum class LogOutcome {
     Skipped,  // the gate kept it back: nothing to log, or Auto-Logging off
     Written,
-    Failed,   // the file could not be made
+    Failed,   // the file could not be made or written; the user was told (reportFailedWrite)
 };
 
 // `listText` is the heading up to its first comma, then the files in the item

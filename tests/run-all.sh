@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # make test: builds every preset and runs every test: the native unit tests
 # under ASan/UBSan, the fuzz targets for a bounded time, the Windows integration
-# tests and end-to-end scenarios under Wine on a virtual screen, and the XP check
-# of the 32-bit program file.
+# tests and end-to-end scenarios under Wine on a virtual screen, and the check
+# that the 32-bit program file loads on Windows 98 SE and XP.
 # Ends with the line "N passed, N failed"; exits non-zero when anything failed.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -57,8 +57,8 @@ if build fuzz; then
 fi
 
 if build win32; then
-    echo "== Windows XP fit of the 32-bit program file"
-    if tools/check-xp-imports.sh build/win32/TarvelonLow.exe; then
+    echo "== Windows 98 SE and XP fit of the 32-bit program file"
+    if tools/check-imports.sh build/win32/TarvelonLow.exe; then
         passed=$((passed + 1))
     else
         failed=$((failed + 1))

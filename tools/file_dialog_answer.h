@@ -1,6 +1,6 @@
 // Answers the system's open-file dialog the way a user does: the file's name
 // typed into the dialog's name box, then Open pressed (or Cancel). Works on a
-// dialog of this process or of another one. Used by tarvauto and the tests.
+// dialog of this process or of another one. Used by tarvauto.
 #pragma once
 
 #ifndef WIN32_LEAN_AND_MEAN

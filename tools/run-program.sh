@@ -15,6 +15,7 @@ app=build/app
 mkdir -p "$app"
 cp build/win64/TarvelonLow.exe "$app/"
 [ ! -d packaging/help ] || { rm -rf "$app/Help"; cp -r packaging/help "$app/Help"; }
+cp LICENSE.txt packaging/NOTICES.txt CHANGELOG.md "$app/"
 
 if [ -n "${DISPLAY:-}" ]; then
     wine_session_start "$root/.wine"

@@ -4,6 +4,7 @@
 
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "hash/checksum.h"
 #include "ui/main_window.h"
 #include "ui/speed_comparison.h"
@@ -80,6 +81,7 @@ void AdvancedActions::save() {
     takeChosen(page.algorithmOptions, kAlgorithmNames, ctx_.algoName);
     hash::setDatName(ctx_);
     ctx_.useWsh = static_cast<std::int16_t>(page.wsh.value());
+    const WriteCheck written(ctx_);
     checkSettFile(ctx_);
     writeEntry(ctx_, ctx_.settFile, "advanced",
                std::to_string(ctx_.readBuffer) + "," + std::to_string(ctx_.passCount) + "," +
@@ -90,7 +92,7 @@ void AdvancedActions::save() {
                    std::to_string(page.avfocus.value()),
                "Tarvelon");
     writeEntry(ctx_, ctx_.settFile, "algo", ctx_.algoName, "Tarvelon");
-    ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
+    if (written.allWritten()) ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
 }
 
 void AdvancedActions::cancel() {

@@ -54,7 +54,7 @@ AdvancedPage::AdvancedPage(Form& form, Control& frame)
                        &advF)),
       avfocus(form.add(Kind::CheckBox, "avfocus", row(16, 192),
                        "Give anti-virus program Focus (Fixes GUI Errors with AVAST 4)", &advF)),
-      Label1(hidden(red(form.add(Kind::Label, "Label1", row(34, 214), "Warning! Current options may cause errors!",
+      Label1(hidden(red(form.add(Kind::Label, "Label1", row(34, 214, 498), "Warning! Current options may cause errors!",
                                  &advF)))),
       Frame3(form.add(Kind::Frame, "Frame3", {8, 240, 532, 50}, "Integrity Checker Algorithm:", &advF)),
       algorithmOptions(addOptions(form, 11, kAlgorithms, &Frame3, 10, 22, 80)),

@@ -10,6 +10,7 @@
 #include "custom/custom_folder_manager.h"
 #include "core/settings_store.h"
 #include "core/text.h"
+#include "core/write_failures.h"
 #include "hash/checksum.h"
 #include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
@@ -177,12 +178,21 @@ void Application::load() {
     fixPaths();
     ctx_.shutAction = kNoShutdown;
     makeDataFolders();
-    checkSettFile(ctx_);
+    // Without a Data\ it may write, the program could never save a baseline
+    // and would only ask for its first scan again and again. A settings file
+    // that is there but held by another program is no such case.
+    const bool settingsThere = checkSettFile(ctx_) || ctx_.os.files.length(ctx_.settFile);
+    if (!settingsThere || !ctx_.os.files.isFolder(ctx_.appPath + "Data\\")) {
+        showUnwritableData(ctx_);
+        return endProcess();
+    }
     checkIntFile(ctx_, *this);  // on the plain CRC-32 name, before any setting is read
+    if (ended_) return;
     regPass_->checkRegFile();
     loadSettings(ctx_, *mForm1_, scannerChoice());
     hash::setDatName(ctx_);  // the data file follows the chosen algorithm from here on
     checkIntFile(ctx_, *this);
+    if (ended_) return;
     if (fileThere(ctx_, ctx_.intFile)) loadIntFile(ctx_, ctx_.intFile);
     ctx_.cmdLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
     actOnCommandLine();

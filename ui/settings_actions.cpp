@@ -1,11 +1,10 @@
 #include "ui/settings_actions.h"
 
-#include "core/file_utils.h"
 #include "core/settings_store.h"
+#include "core/write_failures.h"
 #include "ui/main_window.h"
 #include "ui/settings_boxes.h"
 #include "ui/shortcut_maker.h"
-#include "ui/startup_folder.h"
 
 namespace tv::ui {
 
@@ -27,18 +26,18 @@ void SettingsActions::show() {
 }
 
 // The page stays open after a save. The shortcut is the Auto-Load setting
-// itself, so a save starts from none and makes it again when the box is
-// ticked; a shortcut that cannot be removed or made is passed over in silence.
+// itself, so a save makes it anew when the box is ticked. The save says it
+// succeeded only when the shortcut and the settings were all written.
 void SettingsActions::save() {
     const SettingsPage& page = window_.settings;
+    const WriteCheck written(ctx_);
     checkSettFile(ctx_);
-    const std::string link = autoLoadShortcutPath(ctx_);
-    if (fileThere(ctx_, link)) ctx_.os.files.remove(link);
-    if (page.Check1.value() == 1) createAutoLoad(ctx_, link);
+    const bool autoLoadSaved = saveAutoLoad(ctx_, page.Check1.value() == 1, true);
     writeEntry(ctx_, ctx_.settFile, "settings", joinValues(page.logOnBoxes()), "Tarvelon");
     writeEntry(ctx_, ctx_.settFile, "settings2", joinValues(page.shutDownBoxes()), "Tarvelon");
     ctx_.autoScanFailed = page.Check8.value() == 1;
-    ctx_.os.boxes.show("Settings Saved Successfully", kAppTitle, box::OkOnly);
+    if (autoLoadSaved && written.allWritten())
+        ctx_.os.boxes.show("Settings Saved Successfully", kAppTitle, box::OkOnly);
 }
 
 void SettingsActions::cancel() {

@@ -10,6 +10,7 @@
 #include "avshell/scanner_launch.h"
 #include "core/file_utils.h"
 #include "core/settings_store.h"
+#include "core/write_failures.h"
 #include "ui/settings_boxes.h"
 #include "ui/setup_wizard_form.h"
 #include "ui/shortcut_maker.h"
@@ -188,12 +189,9 @@ void SetupWizard::locate() {
 // Each step goes on whatever the one before it did. Unlike the settings page,
 // a shortcut that is there already is kept when Auto-Load stays on.
 void SetupWizard::save() {
+    const WriteCheck written(ctx_);
     checkSettFile(ctx_);
-    const std::string link = autoLoadShortcutPath(ctx_);
-    if (form_.aload.value() != 1)
-        ctx_.os.files.remove(link);
-    else
-        createAutoLoad(ctx_, link);
+    const bool autoLoadSaved = saveAutoLoad(ctx_, form_.aload.value() == 1, false);
     writeEntry(ctx_, ctx_.settFile, "settings", joinValues(form_.settingsBoxes()), "Tarvelon");
     if (!fileThere(ctx_, form_.vpath.caption())) {
         ctx_.os.boxes.show(kNoScannerMessage, kAppTitle, box::OkOnly);
@@ -202,7 +200,8 @@ void SetupWizard::save() {
     }
     writeEntry(ctx_, ctx_.settFile, "antivirus", form_.vpath.caption() + "|" + form_.varg.caption(), "Tarvelon");
     ctx_.autoScanFailed = form_.Check6.value() == 1;
-    ctx_.os.boxes.show("Settings Saved Successfully!", kAppTitle, box::OkOnly);
+    if (autoLoadSaved && written.allWritten())
+        ctx_.os.boxes.show("Settings Saved Successfully!", kAppTitle, box::OkOnly);
     form_.setVisible(false);
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/file_utils.h"
 #include "core/text.h"
+#include "ui/startup_folder.h"
 
 namespace tv {
 namespace {
@@ -17,13 +18,30 @@ const std::string kLinkDescription("Access Shortcut\0", 16);
 // One of the program's own shortcuts, in the way the user chose. The two ways
 // differ in the arguments: the shell-link way has always put a blank before
 // the switch, the scripting way none.
-void makeProgramShortcut(AppContext& ctx, const std::string& linkPath, const std::string& wshDescription,
+bool makeProgramShortcut(AppContext& ctx, const std::string& linkPath, const std::string& wshDescription,
                          const std::string& runSwitch) {
     const std::string target = programFile(ctx);
-    if (ctx.useWsh == 1)
-        makeShortcutWsh(ctx, linkPath, wshDescription, target, runSwitch);
-    else
-        makeShortcut(ctx, linkPath, target, "", " " + runSwitch, target, 0, kShowNormal);
+    if (ctx.useWsh == 1) return makeShortcutWsh(ctx, linkPath, wshDescription, target, runSwitch);
+    return makeShortcut(ctx, linkPath, target, "", " " + runSwitch, target, 0, kShowNormal);
+}
+
+constexpr const char* kOtherWay =
+    "try again with \"Use Windows Scripting Host\" on the Advanced Settings page";
+
+bool autoLoadNotWritten(AppContext& ctx, const std::string& link) {
+    ctx.os.boxes.show("Tarvelon could not write the Auto-Load shortcut\r\n" + link +
+                          "\r\n\r\nThe check at log-on will not start from it. A shortcut in the Startup folder "
+                          "of all users may be changed by an administrator only; otherwise " + kOtherWay + ".",
+                      kAppTitle, box::OkOnly | box::Exclamation);
+    return false;
+}
+
+bool autoLoadNotRemoved(AppContext& ctx, const std::string& link) {
+    ctx.os.boxes.show("Tarvelon could not remove the Auto-Load shortcut\r\n" + link +
+                          "\r\n\r\nThe check will still run at log-on. A shortcut in the Startup folder of all "
+                          "users may be removed by an administrator only.",
+                      kAppTitle, box::OkOnly | box::Exclamation);
+    return false;
 }
 
 }  // namespace
@@ -60,9 +78,24 @@ bool makeShortcutWsh(AppContext& ctx, std::string linkPath, const std::string& d
                                                  args.empty() ? std::nullopt : std::optional(args), 0);
 }
 
-void createAutoLoad(AppContext& ctx, const std::string& linkPath) {
-    if (ctx.useWsh != 1 && fileThere(ctx, linkPath)) return;
-    makeProgramShortcut(ctx, linkPath, "Tarvelon", "/r");
+bool createAutoLoad(AppContext& ctx, const std::string& linkPath) {
+    if (ctx.useWsh != 1 && fileThere(ctx, linkPath)) return true;
+    return makeProgramShortcut(ctx, linkPath, "Tarvelon", "/r");
+}
+
+bool saveAutoLoad(AppContext& ctx, bool on, bool renew) {
+    const auto paths = autoLoadShortcutPaths(ctx);
+    if (!on) {
+        bool removed = true;
+        for (const std::string& link : paths)
+            if (!link.empty() && fileThere(ctx, link) && !ctx.os.files.remove(link))
+                removed = autoLoadNotRemoved(ctx, link);
+        return removed;
+    }
+    const std::string link = autoLoadShortcutPath(ctx);
+    if ((renew || link != paths[0]) && fileThere(ctx, link) && !ctx.os.files.remove(link))
+        return autoLoadNotWritten(ctx, link);
+    return createAutoLoad(ctx, link) || autoLoadNotWritten(ctx, link);
 }
 
 void createShutDownShortcut(AppContext& ctx) {
@@ -85,8 +118,13 @@ void createShutDownShortcut(AppContext& ctx) {
         }
     }
     // A shortcut that is there already is the user's: it stays as it is.
-    if (!fileThere(ctx, linkPath)) makeProgramShortcut(ctx, linkPath, "SecureShutDown", "/s");
-    boxes.show("Success!", kAppTitle, box::OkOnly);
+    if (fileThere(ctx, linkPath) || makeProgramShortcut(ctx, linkPath, "SecureShutDown", "/s")) {
+        boxes.show("Success!", kAppTitle, box::OkOnly);
+        return;
+    }
+    boxes.show("Tarvelon could not create the shortcut\r\n" + linkPath + "\r\n\r\nChoose the other place for it, or " +
+                   kOtherWay + ".",
+               kAppTitle, box::OkOnly | box::Exclamation);
 }
 
 }  // namespace tv

@@ -2,7 +2,7 @@
 // (the Auto-Load setting itself) and the Secure Shut Down shortcut, each in the
 // system's two ways: its shell-link object, or the scripting host when the user
 // chose "Use Windows Scripting Host" because the first way fails on the machine.
-// Neither caller reports a shortcut that could not be made.
+// A shortcut that could not be written or removed is reported to the user.
 #pragma once
 
 #include <cstdint>
@@ -31,11 +31,20 @@ bool makeShortcutWsh(AppContext& ctx, std::string linkPath, const std::string& d
 
 // Auto-Load at `linkPath` (Startup folder + "Tarvelon.lnk"): the shell-link way
 // only when no file is there yet, the scripting way over whatever is there.
-void createAutoLoad(AppContext& ctx, const std::string& linkPath);
+// False when a shortcut was to be made and could not be.
+bool createAutoLoad(AppContext& ctx, const std::string& linkPath);
+
+// Auto-Load as a save of the settings leaves it. On: the shortcut in use
+// (autoLoadShortcutPath) is made, or kept where the shell-link way finds one;
+// `renew` makes it anew, as does a shortcut an earlier copy left in the other
+// Startup folder, so that it starts this program. Off: the shortcut goes from
+// both Startup folders. False, after a message naming the shortcut, when one
+// could not be written or removed.
+bool saveAutoLoad(AppContext& ctx, bool on, bool renew);
 
 // The "Shutdown/Scan Shortcut" button: asks whether the shortcut goes on the
 // Desktop or in the program's folder, makes it unless one is there already,
-// and says "Success!" either way.
+// and says "Success!", or that it could not be made.
 void createShutDownShortcut(AppContext& ctx);
 
 }  // namespace tv

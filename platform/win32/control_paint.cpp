@@ -28,15 +28,15 @@ HBRUSH paintColours(HDC dc, const ui::Control& control, ColourBrushes& brushes) 
 }
 
 void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font,
-                          ColourBrushes& brushes) {
+                          ColourBrushes& brushes, Scale scale) {
     const RECT area = item.rcItem;
     const COLORREF back =
         control.backColour() == ui::kSystemColour ? ::GetSysColor(COLOR_BTNFACE) : control.backColour();
     ::FillRect(item.hDC, &area, brushes.brush(back));
 
-    constexpr int kBox = 13;
-    const int top = area.top + (area.bottom - area.top - kBox) / 2;
-    RECT box{area.left + 1, top, area.left + 1 + kBox, top + kBox};
+    const int boxSize = scale.px(13);
+    const int top = area.top + (area.bottom - area.top - boxSize) / 2;
+    RECT box{area.left + 1, top, area.left + 1 + boxSize, top + boxSize};
     UINT state = DFCS_BUTTONCHECK;
     if (control.value() == 1) state |= DFCS_CHECKED;
     if (control.value() == 2) state |= DFCS_BUTTON3STATE | DFCS_CHECKED;
@@ -49,7 +49,7 @@ void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control
     if (!control.enabled())
         text = RGB((GetRValue(text) + GetRValue(back)) / 2, (GetGValue(text) + GetGValue(back)) / 2,
                    (GetBValue(text) + GetBValue(back)) / 2);
-    RECT caption{box.right + 5, area.top, area.right, area.bottom};
+    RECT caption{box.right + scale.px(5), area.top, area.right, area.bottom};
     HGDIOBJ old = ::SelectObject(item.hDC, font);
     ::SetBkMode(item.hDC, TRANSPARENT);
     ::SetTextColor(item.hDC, text);
@@ -63,20 +63,20 @@ void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control
     }
 }
 
-void drawCheckListRow(const DRAWITEMSTRUCT& item, const ui::Control& control) {
+void drawCheckListRow(const DRAWITEMSTRUCT& item, const ui::Control& control, Scale scale) {
     if (item.itemID == static_cast<UINT>(-1)) return;
     const bool enabled = !(item.itemState & ODS_DISABLED);
     RECT row = item.rcItem;
     ::FillRect(item.hDC, &row, ::GetSysColorBrush(COLOR_WINDOW));
 
-    const int box = kCheckListRowHeight - 4;
-    RECT boxRect{row.left + 2, row.top + 2, row.left + 2 + box, row.top + 2 + box};
+    const int margin = scale.px(2), box = scale.px(kCheckListRowHeight) - 2 * margin;
+    RECT boxRect{row.left + margin, row.top + margin, row.left + margin + box, row.top + margin + box};
     UINT state = DFCS_BUTTONCHECK | DFCS_FLAT;
     if (item.itemState & ODS_SELECTED) state |= DFCS_CHECKED;
     if (!enabled) state |= DFCS_INACTIVE;
     ::DrawFrameControl(item.hDC, &boxRect, DFC_BUTTON, state);
 
-    RECT text{boxRect.right + 6, row.top, row.right - 2, row.bottom};
+    RECT text{boxRect.right + scale.px(6), row.top, row.right - margin, row.bottom};
     const auto& items = control.items();
     if (item.itemID < items.size()) {
         ::SetBkMode(item.hDC, TRANSPARENT);

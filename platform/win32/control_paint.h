@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "platform/controls.h"
+#include "platform/win32/display_scale.h"
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
@@ -33,11 +34,12 @@ HBRUSH paintColours(HDC dc, const ui::Control& control, ColourBrushes& brushes);
 // buttons: a check box drawn by a visual style shows its text in the style's
 // colour whatever the colour messages answer, so those colours would be lost.
 bool hasOwnColours(const ui::Control& control);
-void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
+void drawColouredCheckBox(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes,
+                          Scale scale);
 
 // Check lists: each row is a check box drawn beside the item's text; a row's
 // tick is its selection in a multiple-selection list.
-inline constexpr int kCheckListRowHeight = 18;
-void drawCheckListRow(const DRAWITEMSTRUCT& item, const ui::Control& control);
+inline constexpr int kCheckListRowHeight = 18;  // at 96 DPI
+void drawCheckListRow(const DRAWITEMSTRUCT& item, const ui::Control& control, Scale scale);
 
 }  // namespace tv::win32

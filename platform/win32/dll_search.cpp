@@ -1,6 +1,6 @@
 #include "platform/win32/dll_search.h"
 
-#include "platform/win32/kernel_function.h"
+#include "platform/win32/system_function.h"
 
 namespace tv::win32 {
 namespace {
@@ -13,9 +13,9 @@ DllSearch narrowDllSearch() {
     using SetDllDirectoryFunction = BOOL(WINAPI*)(LPCSTR);
     using SetDefaultDllDirectoriesFunction = BOOL(WINAPI*)(DWORD);
     DllSearch done;
-    if (const auto setDllDirectory = kernelFunction<SetDllDirectoryFunction>("SetDllDirectoryA"))
+    if (const auto setDllDirectory = systemFunction<SetDllDirectoryFunction>("kernel32.dll", "SetDllDirectoryA"))
         done.currentFolderLeftOut = setDllDirectory("") != 0;
-    if (const auto setDefault = kernelFunction<SetDefaultDllDirectoriesFunction>("SetDefaultDllDirectories"))
+    if (const auto setDefault = systemFunction<SetDefaultDllDirectoriesFunction>("kernel32.dll", "SetDefaultDllDirectories"))
         done.systemFolderOnly = setDefault(kSearchSystem32) != 0;
     return done;
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr COLORREF kFace = RGB(126, 150, 186);     // mid steel blue: black and white captions both read
 constexpr COLORREF kFaceEdge = RGB(84, 104, 138);
-constexpr int kBoxSize = 13;
+constexpr int kBoxSize = 13;  // a flat check's box, at 96 DPI
 
 // What a control window reports to, and the window procedure it had before.
 // Kept in the process rather than in window properties: under Wine every
@@ -34,7 +34,7 @@ bool followFlat(HWND window, ui::Control& control, UINT message, LPARAM lParam) 
     case WM_MOUSEMOVE: {
         TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window, 0};
         ::TrackMouseEvent(&track);
-        control.userHover(static_cast<short>(LOWORD(lParam)) > kBoxSize + 2);
+        control.userHover(static_cast<short>(LOWORD(lParam)) > Scale{windowDpi(window)}.px(kBoxSize + 2));
         return true;
     }
     case WM_MOUSELEAVE: control.downStatus(); return true;
@@ -91,7 +91,8 @@ void drawCaption(HDC dc, const std::string& caption, RECT area, COLORREF colour,
 
 }  // namespace
 
-void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes) {
+void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes,
+                    Scale scale) {
     RECT face = item.rcItem;
     ::FillRect(item.hDC, &face, brushes.brush(kFace));
     ::FrameRect(item.hDC, &face, brushes.brush(kFaceEdge));
@@ -101,22 +102,23 @@ void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFON
     drawCaption(item.hDC, control.caption(), face, colour, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     ::SelectObject(item.hDC, old);
     if (item.itemState & ODS_FOCUS) {
-        ::InflateRect(&face, -3, -3);
+        ::InflateRect(&face, -scale.px(3), -scale.px(3));
         ::DrawFocusRect(item.hDC, &face);
     }
 }
 
-void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts) {
+void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts, Scale scale) {
     RECT area = item.rcItem;
     ::FillRect(item.hDC, &area, ::GetSysColorBrush(COLOR_BTNFACE));
-    const int top = area.top + (area.bottom - area.top - kBoxSize) / 2;
-    RECT box{area.left, top, area.left + kBoxSize, top + kBoxSize};
+    const int boxSize = scale.px(kBoxSize);
+    const int top = area.top + (area.bottom - area.top - boxSize) / 2;
+    RECT box{area.left, top, area.left + boxSize, top + boxSize};
     UINT state = DFCS_BUTTONCHECK | DFCS_FLAT;
     if (control.value()) state |= DFCS_CHECKED;
     if (!control.enabled()) state |= DFCS_INACTIVE;
     ::DrawFrameControl(item.hDC, &box, DFC_BUTTON, state);
 
-    RECT text{box.right + 5, area.top, area.right, area.bottom};
+    RECT text{box.right + scale.px(5), area.top, area.right, area.bottom};
     HGDIOBJ old = ::SelectObject(item.hDC, control.underlined() ? fonts.underlined : fonts.plain);
     const COLORREF colour = control.enabled() ? control.foreColour() : ::GetSysColor(COLOR_GRAYTEXT);
     RECT measured = text;

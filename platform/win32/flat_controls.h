@@ -7,6 +7,7 @@
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/win32/control_paint.h"
+#include "platform/win32/display_scale.h"
 #include "platform/win32/win32_base.h"
 
 namespace tv::win32 {
@@ -17,8 +18,10 @@ struct CaptionFonts {
     HFONT underlined = nullptr;
 };
 
-void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes);
-void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts);
+// Each draws at the scale of its window.
+void drawFlatButton(const DRAWITEMSTRUCT& item, const ui::Control& control, HFONT font, ColourBrushes& brushes,
+                    Scale scale);
+void drawFlatCheck(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts, Scale scale);
 // A pressable label: its text as a label shows it, in its colours and font,
 // with the focus drawn around it.
 void drawPressableLabel(const DRAWITEMSTRUCT& item, const ui::Control& control, const CaptionFonts& fonts,

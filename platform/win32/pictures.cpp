@@ -37,12 +37,12 @@ struct Area {
 
 // The button's face: a rounded square in its colour on the dialog's
 // background; lit, it gets a white rim.
-Area drawFace(HDC dc, const RECT& area, COLORREF colour, bool lit) {
+Area drawFace(HDC dc, const RECT& area, COLORREF colour, bool lit, Scale scale) {
     ::FillRect(dc, &area, ::GetSysColorBrush(COLOR_BTNFACE));
     const int size = std::min(area.right - area.left, area.bottom - area.top) - 4;
     const int left = (area.left + area.right - size) / 2, top = (area.top + area.bottom - size) / 2;
     Selected brush(dc, ::CreateSolidBrush(colour));
-    Selected pen(dc, ::CreatePen(PS_SOLID, lit ? 3 : 2, lit ? kSymbol : darker(colour)));
+    Selected pen(dc, ::CreatePen(PS_SOLID, scale.px(lit ? 3 : 2), lit ? kSymbol : darker(colour)));
     ::RoundRect(dc, left, top, left + size, top + size, size / 4, size / 4);
     return {left + size / 2, top + size / 2, size};
 }
@@ -85,13 +85,13 @@ void drawRestartArrow(HDC dc, const Area& a) {
     ::Polygon(dc, arrow, 3);
 }
 
-using Painter = std::function<void(HDC, const RECT&)>;
+using Painter = std::function<void(HDC, const RECT&, Scale)>;
 
 // A picture at rest in its muted colour, or lit in its bright one.
 Painter button(COLORREF rest, COLORREF bright, bool lit, void (*symbol)(HDC, const Area&, COLORREF)) {
-    return [=](HDC dc, const RECT& area) {
+    return [=](HDC dc, const RECT& area, Scale scale) {
         const COLORREF colour = lit ? bright : rest;
-        symbol(dc, drawFace(dc, area, colour, lit), colour);
+        symbol(dc, drawFace(dc, area, colour, lit, scale), colour);
     };
 }
 
@@ -113,10 +113,10 @@ const std::map<std::string, Painter>& painters() {
 
 }  // namespace
 
-bool drawPicture(const DRAWITEMSTRUCT& item, const std::string& name) {
+bool drawPicture(const DRAWITEMSTRUCT& item, const std::string& name, Scale scale) {
     const auto found = painters().find(name);
     if (found == painters().end()) return false;
-    found->second(item.hDC, item.rcItem);
+    found->second(item.hDC, item.rcItem, scale);
     return true;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/win32/kernel_function.h"
+#include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 
 namespace tv::win32 {
@@ -66,16 +66,24 @@ private:
     UniqueFile file_;
 };
 
+// Opened for writing at its end: only this handle writes the file while it is
+// open, so the end found once stays the end (FILE_APPEND_DATA is NT's only).
 UniqueFile openForAppending(const std::string& path) {
-    return UniqueFile(::CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    LONG high = 0;
+    if (file.valid() && ::SetFilePointer(file.get(), 0, &high, FILE_END) == INVALID_SET_FILE_POINTER &&
+        ::GetLastError() != NO_ERROR) {
+        return UniqueFile();
+    }
+    return file;
 }
 
 // Newer systems hand the entries over in large batches and skip the short
 // names nobody here asks for; Windows XP and 98 list the plain way.
 HANDLE startListing(const std::string& folder, WIN32_FIND_DATAA& found) {
     using FindFirstFileExFunction = HANDLE(WINAPI*)(LPCSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD);
-    static const auto findFirstEx = kernelFunction<FindFirstFileExFunction>("FindFirstFileExA");
+    static const auto findFirstEx = systemFunction<FindFirstFileExFunction>("kernel32.dll", "FindFirstFileExA");
     const std::string pattern = folder + "*";
     if (findFirstEx) {
         HANDLE search = findFirstEx(pattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoBasic), &found,
@@ -117,11 +125,12 @@ std::optional<std::string> Win32Files::readAll(const std::string& path) const {
     if (isFolder(path)) return std::nullopt;
     UniqueFile file = openForReading(path);
     if (!file.valid()) return std::nullopt;
-    LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file.get(), &size)) return std::nullopt;
+    DWORD high = 0;
+    const DWORD low = ::GetFileSize(file.get(), &high);
+    if (low == INVALID_FILE_SIZE && ::GetLastError() != NO_ERROR) return std::nullopt;
     std::string text;
     char chunk[65536];
-    text.reserve(static_cast<std::size_t>(size.QuadPart));
+    text.reserve(static_cast<std::size_t>((static_cast<std::uint64_t>(high) << 32) | low));
     for (;;) {
         DWORD got = 0;
         if (!::ReadFile(file.get(), chunk, sizeof chunk, &got, nullptr)) return std::nullopt;
@@ -144,8 +153,12 @@ bool Win32Files::writeThrough(const std::string& path, std::string_view bytes) {
 }
 
 bool Win32Files::moveOver(const std::string& from, const std::string& to) {
-    if (::MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
-    if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    using MoveFileEx = BOOL(WINAPI*)(LPCSTR, LPCSTR, DWORD);
+    static const auto moveFileEx = systemFunction<MoveFileEx>("kernel32.dll", "MoveFileExA");
+    if (moveFileEx) {
+        if (moveFileEx(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return true;
+        if (::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return false;
+    }
     // Windows 98 has no replacing move.
     if (::GetFileAttributesA(to.c_str()) != INVALID_FILE_ATTRIBUTES && !::DeleteFileA(to.c_str())) return false;
     return ::MoveFileA(from.c_str(), to.c_str()) != 0;

@@ -1,3 +1,4 @@
+#include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 #include "platform/win32/win32_system.h"
 
@@ -9,15 +10,23 @@ constexpr DWORD kEnabledAndUsed = 0x80000003;  // SE_PRIVILEGE_ENABLED_BY_DEFAUL
 
 }  // namespace
 
+// Windows 98 and Me have no access tokens and no privileges: there the calls
+// are missing and nothing needs enabling.
 void Win32Power::enableShutdownPrivilege() {
+    using OpenToken = BOOL(WINAPI*)(HANDLE, DWORD, HANDLE*);
+    using LookupPrivilege = BOOL(WINAPI*)(LPCSTR, LPCSTR, LUID*);
+    using AdjustPrivileges = BOOL(WINAPI*)(HANDLE, BOOL, TOKEN_PRIVILEGES*, DWORD, TOKEN_PRIVILEGES*, DWORD*);
+    const auto openToken = systemFunction<OpenToken>("advapi32.dll", "OpenProcessToken");
+    const auto lookUp = systemFunction<LookupPrivilege>("advapi32.dll", "LookupPrivilegeValueA");
+    const auto adjust = systemFunction<AdjustPrivileges>("advapi32.dll", "AdjustTokenPrivileges");
     HANDLE opened = nullptr;
-    if (!::OpenProcessToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES, &opened)) return;
+    if (!openToken || !lookUp || !adjust || !openToken(::GetCurrentProcess(), TOKEN_ADJUST_PRIVILEGES, &opened)) return;
     UniqueKernelObject token(opened);
     TOKEN_PRIVILEGES privileges{};
     privileges.PrivilegeCount = 1;
-    ::LookupPrivilegeValueA(nullptr, "SeShutdownPrivilege", &privileges.Privileges[0].Luid);
+    lookUp(nullptr, "SeShutdownPrivilege", &privileges.Privileges[0].Luid);
     privileges.Privileges[0].Attributes = kEnabledAndUsed;
-    ::AdjustTokenPrivileges(token.get(), FALSE, &privileges, 0, nullptr, nullptr);
+    adjust(token.get(), FALSE, &privileges, 0, nullptr, nullptr);
 }
 
 void Win32Power::exitWindows(std::uint32_t flags, std::uint32_t reserved) { ::ExitWindowsEx(flags, reserved); }

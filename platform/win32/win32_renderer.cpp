@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/win32/control_paint.h"
+#include "platform/win32/display_scale.h"
 #include "platform/win32/flat_controls.h"
 #include "platform/win32/pending_texts.h"
 #include "platform/win32/pictures.h"
@@ -61,8 +62,8 @@ ClassAndStyle windowKind(Kind kind) {
     return {nullptr, 0, 0};
 }
 
-// The system's dialog font, and the same font underlined.
-CaptionFonts dialogFonts() {
+// The system's dialog font at a monitor's scale, and the same font underlined.
+CaptionFonts dialogFonts(int dpi) {
     LOGFONTA font{};
     NONCLIENTMETRICSA metrics{};
     metrics.cbSize = sizeof metrics;
@@ -70,6 +71,9 @@ CaptionFonts dialogFonts() {
         font = metrics.lfMessageFont;
     else
         ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
+    // The system gives its font at the system's scale; a monitor of another
+    // scale gets it in proportion.
+    font.lfHeight = ::MulDiv(font.lfHeight, dpi, systemDpi());
     CaptionFonts fonts;
     fonts.plain = ::CreateFontIndirectA(&font);
     font.lfUnderline = TRUE;
@@ -87,8 +91,10 @@ bool isList(Kind kind) { return kind == Kind::ListBox || kind == Kind::CheckList
 }  // namespace
 
 struct Win32Renderer::FormWindow {
+    Win32Renderer* renderer = nullptr;
     ui::Form* form = nullptr;
     HWND hwnd = nullptr;
+    Scale scale;
     std::unordered_map<const Control*, HWND> windows;
     std::unordered_map<int, Control*> byId;
     std::unordered_map<const Control*, int> idOf;
@@ -107,9 +113,11 @@ struct Win32Renderer::FormWindow {
     static LRESULT CALLBACK formProc(HWND, UINT, WPARAM, LPARAM);
     static LRESULT CALLBACK frameProc(HWND, UINT, WPARAM, LPARAM);
 
-    CaptionFonts fonts;
+    CaptionFonts fonts;  // at the window's scale, the renderer's
 
-    void create(HINSTANCE instance, const CaptionFonts& captionFonts);
+    void create(HINSTANCE instance);
+    void rescale(int dpi, const RECT* suggested);
+    void placeControl(const Control& control, HWND child);
     void createControl(Control& control, HINSTANCE instance);
     void drawItem(const DRAWITEMSTRUCT& item);
     void mirror(Control& control, Prop what);
@@ -185,38 +193,51 @@ DWORD checkBoxType(const Control& box) { return hasOwnColours(box) ? BS_OWNERDRA
 
 }  // namespace
 
-Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance), fonts_(dialogFonts()) {
-    registerClasses(instance_);
-}
+Win32Renderer::Win32Renderer(HINSTANCE instance) : instance_(instance) { registerClasses(instance_); }
 
 Win32Renderer::~Win32Renderer() {
     for (auto& window : windows_) window->forget();
-    ::DeleteObject(fonts_.plain);
-    ::DeleteObject(fonts_.underlined);
+    for (const auto& [dpi, fonts] : fonts_) {
+        ::DeleteObject(fonts.plain);
+        ::DeleteObject(fonts.underlined);
+    }
+}
+
+const CaptionFonts& Win32Renderer::fontsFor(int dpi) {
+    auto found = fonts_.find(dpi);
+    if (found == fonts_.end()) found = fonts_.emplace(dpi, dialogFonts(dpi)).first;
+    return found->second;
 }
 
 void Win32Renderer::attach(ui::Form& form) {
     auto window = std::make_unique<FormWindow>();
+    window->renderer = this;
     window->form = &form;
-    window->create(instance_, fonts_);
+    window->create(instance_);
     windows_.push_back(std::move(window));
 }
 
-void Win32Renderer::FormWindow::create(HINSTANCE instance, const CaptionFonts& captionFonts) {
-    fonts = captionFonts;
-    const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-    const DWORD exStyle = WS_EX_CONTROLPARENT;
-    RECT frame{0, 0, form->clientArea().width, form->clientArea().height};
-    ::AdjustWindowRectEx(&frame, style, FALSE, exStyle);
+namespace {
+constexpr DWORD kFormStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD kFormExStyle = WS_EX_CONTROLPARENT;
+}  // namespace
+
+// The window opens in the middle of the screen at the system's scale, and
+// takes the scale of the monitor it then stands on.
+void Win32Renderer::FormWindow::create(HINSTANCE instance) {
+    scale.dpi = systemDpi();
+    fonts = renderer->fontsFor(scale.dpi);
+    const RECT frame = frameFor(scale.rect(form->clientArea()), kFormStyle, kFormExStyle, scale.dpi);
     const int width = frame.right - frame.left, height = frame.bottom - frame.top;
     const int left = (::GetSystemMetrics(SM_CXSCREEN) - width) / 2;
     const int top = (::GetSystemMetrics(SM_CYSCREEN) - height) / 2;
-    hwnd = ::CreateWindowExA(exStyle, kFormClass, form->caption().c_str(), style, left, top, width,
+    hwnd = ::CreateWindowExA(kFormExStyle, kFormClass, form->caption().c_str(), kFormStyle, left, top, width,
                              height, nullptr, nullptr, instance, nullptr);
     if (!hwnd) return;
     ::SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     setName(hwnd, form->name());
     form->setNativeWindow(reinterpret_cast<NativeWindow>(hwnd));
+    if (const int dpi = windowDpi(hwnd); dpi != scale.dpi) rescale(dpi, nullptr);
 
     for (const auto& control : form->controls()) createControl(*control, instance);
     form->setSink([this](ui::Form&, ui::FormProp what) { mirrorForm(what); });
@@ -236,13 +257,13 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
     const ClassAndStyle kind = control.pressable() ? ClassAndStyle{"BUTTON", BS_OWNERDRAW | WS_TABSTOP, 0}
                                                    : windowKind(control.kind());
     HWND parent = control.parent() ? windows[control.parent()] : hwnd;
-    const auto& b = control.bounds();
+    const RECT b = scale.rect(control.bounds());
     DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kind.style | (control.centred() && !control.pressable() ? SS_CENTER : 0) |
                   (control.visible() ? WS_VISIBLE : 0) |
                   (control.enabled() ? 0 : WS_DISABLED);
     if (control.kind() == Kind::CheckBox) style = (style & ~BS_TYPEMASK) | checkBoxType(control);
     HWND child = ::CreateWindowExA(kind.exStyle, kind.className, control.caption().c_str(), style,
-                                   b.left, b.top, b.width, b.height, parent,
+                                   b.left, b.top, b.right - b.left, b.bottom - b.top, parent,
                                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance,
                                    nullptr);
     if (!child) return;
@@ -254,7 +275,7 @@ void Win32Renderer::FormWindow::createControl(Control& control, HINSTANCE instan
         // A frame with a caption shows as a group: a group box around its
         // controls, which lets the mouse through to them.
         HWND group = ::CreateWindowExA(0, "BUTTON", control.caption().c_str(), WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0,
-                                       0, b.width, b.height, child,
+                                       0, b.right - b.left, b.bottom - b.top, child,
                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kGroupBoxId)), instance, nullptr);
         ::SendMessageA(group, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
     }
@@ -473,7 +494,7 @@ void Win32Renderer::FormWindow::widenFor(HWND list, const std::string* first, co
     for (const std::string* row = first; row != last; ++row) {
         SIZE size{};
         ::GetTextExtentPoint32A(dc, row->c_str(), static_cast<int>(std::strlen(row->c_str())), &size);
-        widest = std::max(widest, static_cast<int>(size.cx) + 8);
+        widest = std::max(widest, static_cast<int>(size.cx) + scale.px(8));
     }
     ::SelectObject(dc, old);
     ::ReleaseDC(list, dc);
@@ -621,7 +642,7 @@ bool Win32Renderer::FormWindow::handleControlMessage(UINT message, WPARAM wParam
         return true;
     }
     case WM_MEASUREITEM:
-        reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = kCheckListRowHeight;
+        reinterpret_cast<MEASUREITEMSTRUCT*>(lParam)->itemHeight = static_cast<UINT>(scale.px(kCheckListRowHeight));
         result = TRUE;
         return true;
     case WM_DRAWITEM:
@@ -637,16 +658,64 @@ void Win32Renderer::FormWindow::drawItem(const DRAWITEMSTRUCT& item) {
     if (found == controlOf.end()) return;
     const Control& control = *found->second;
     switch (control.kind()) {
-    case Kind::CheckList: drawCheckListRow(item, control); break;
-    case Kind::CheckBox: drawColouredCheckBox(item, control, fonts.plain, brushes); break;
-    case Kind::FlatCheck: drawFlatCheck(item, control, fonts); break;
+    case Kind::CheckList: drawCheckListRow(item, control, scale); break;
+    case Kind::CheckBox: drawColouredCheckBox(item, control, fonts.plain, brushes, scale); break;
+    case Kind::FlatCheck: drawFlatCheck(item, control, fonts, scale); break;
     case Kind::Image:
-        if (!control.picture().empty() && drawPicture(item, control.picture())) break;
-        drawFlatButton(item, control, fonts.plain, brushes);
+        if (!control.picture().empty() && drawPicture(item, control.picture(), scale)) break;
+        drawFlatButton(item, control, fonts.plain, brushes, scale);
         break;
-    case Kind::FlatButton: drawFlatButton(item, control, fonts.plain, brushes); break;
+    case Kind::FlatButton: drawFlatButton(item, control, fonts.plain, brushes, scale); break;
     case Kind::Label: drawPressableLabel(item, control, fonts, brushes); break;
     default: break;
+    }
+}
+
+// The window moved to a monitor of another scale (or opened on one): its
+// frame takes the rectangle the system suggests, or keeps its middle, and
+// every control its place and font at the new scale.
+void Win32Renderer::FormWindow::rescale(int dpi, const RECT* suggested) {
+    scale.dpi = dpi;
+    fonts = renderer->fontsFor(dpi);
+    RECT frame;
+    if (suggested) {
+        frame = *suggested;
+    } else {
+        RECT now{};
+        ::GetWindowRect(hwnd, &now);
+        const RECT wanted = frameFor(scale.rect(form->clientArea()), kFormStyle, kFormExStyle, dpi);
+        const int width = wanted.right - wanted.left, height = wanted.bottom - wanted.top;
+        const int left = (now.left + now.right - width) / 2, top = (now.top + now.bottom - height) / 2;
+        frame = {left, top, left + width, top + height};
+    }
+    ::SetWindowPos(hwnd, nullptr, frame.left, frame.top, frame.right - frame.left, frame.bottom - frame.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+    // A frame whose borders the system draws at another scale than it
+    // suggested (Windows 8.1, Wine) is corrected by what the client area lacks.
+    RECT client{};
+    const RECT wanted = scale.rect(form->clientArea());
+    if (!::IsIconic(hwnd) && ::GetClientRect(hwnd, &client) &&
+        (client.right != wanted.right - wanted.left || client.bottom != wanted.bottom - wanted.top))
+        ::SetWindowPos(hwnd, nullptr, 0, 0, frame.right - frame.left + wanted.right - wanted.left - client.right,
+                       frame.bottom - frame.top + wanted.bottom - wanted.top - client.bottom,
+                       SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    for (const auto& [control, child] : windows) placeControl(*control, child);
+    ::RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+void Win32Renderer::FormWindow::placeControl(const Control& control, HWND child) {
+    const RECT b = scale.rect(control.bounds());
+    ::SetWindowPos(child, nullptr, b.left, b.top, b.right - b.left, b.bottom - b.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool lit = control.kind() == Kind::Label && control.underlined();
+    ::SendMessageA(child, WM_SETFONT, reinterpret_cast<WPARAM>(lit ? fonts.underlined : fonts.plain), FALSE);
+    if (HWND group = control.kind() == Kind::Frame ? ::GetDlgItem(child, kGroupBoxId) : nullptr) {
+        ::SetWindowPos(group, nullptr, 0, 0, b.right - b.left, b.bottom - b.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        ::SendMessageA(group, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.plain), FALSE);
+    }
+    if (control.kind() == Kind::CheckList) ::SendMessageA(child, LB_SETITEMHEIGHT, 0, scale.px(kCheckListRowHeight));
+    if (control.kind() == Kind::ListBox) {
+        widestRow[child] = 0;
+        widenFor(child, control.items().data(), control.items().data() + control.items().size());
     }
 }
 
@@ -688,6 +757,9 @@ LRESULT CALLBACK Win32Renderer::FormWindow::formProc(HWND hwnd, UINT message, WP
                 window->timer(static_cast<int>(wParam));
             return 0;
         case WM_CLOSE: window->form->userClose(); return 0;
+        case kDpiChanged:
+            window->rescale(HIWORD(wParam), reinterpret_cast<const RECT*>(lParam));
+            return 0;
 
         case WM_MOUSEMOVE: window->form->userMouseMove(); break;
         case WM_KEYDOWN:

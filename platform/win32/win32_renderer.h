@@ -3,11 +3,15 @@
 // the model are mirrored into the windows; clicks, edits, selections, timer ticks
 // and the close box come back as the model's user events.
 //
+// Each window is laid out at the scale of its monitor from the forms' 96-DPI
+// design, and laid out again when it moves to a monitor of another scale.
+//
 // Every control window carries its caption as window text and its name in the
 // window property "TarvelonName" (a global atom), so that screen readers and
 // other programs can find it.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -29,8 +33,11 @@ public:
     struct FormWindow;  // the real windows of one form
 
 private:
+    // The dialog font at one scale, made when a window first needs it.
+    const CaptionFonts& fontsFor(int dpi);
+
     HINSTANCE instance_;
-    CaptionFonts fonts_;
+    std::map<int, CaptionFonts> fonts_;  // by dots per inch
     std::vector<std::unique_ptr<FormWindow>> windows_;
 };
 

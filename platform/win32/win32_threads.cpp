@@ -2,6 +2,7 @@
 
 #include <process.h>
 
+#include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 
 namespace tv::win32 {
@@ -57,12 +58,16 @@ private:
 }  // namespace
 
 int Win32Threads::processorCount() const {
-    // The high bit of the version marks the Windows 9x family: one processor.
-    if (::GetVersion() & 0x80000000u) return 1;
+    // The Windows 9x family runs on one processor.
+    OSVERSIONINFOA version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (!::GetVersionExA(&version) || version.dwPlatformId != VER_PLATFORM_WIN32_NT) return 1;
     // The processors this process may use, which the user or a tool may have
     // narrowed; all of the machine's when the system cannot say.
+    using AffinityFunction = BOOL(WINAPI*)(HANDLE, PDWORD_PTR, PDWORD_PTR);
+    static const auto affinity = systemFunction<AffinityFunction>("kernel32.dll", "GetProcessAffinityMask");
     DWORD_PTR mine = 0, all = 0;
-    if (::GetProcessAffinityMask(::GetCurrentProcess(), &mine, &all) && mine != 0) {
+    if (affinity && affinity(::GetCurrentProcess(), &mine, &all) && mine != 0) {
         int count = 0;
         for (; mine != 0; mine &= mine - 1) ++count;
         return count;

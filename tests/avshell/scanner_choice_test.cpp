@@ -1,12 +1,12 @@
-// The scanner selection and the catalogue, driven through their controls:
-// the file box and the tree search are scripted, the settings file is in memory.
-#include <gtest/gtest.h>
-
+// The scanner selection and the catalogue, driven through their controls with
+// the file box and the tree search scripted. The real file box, search and
+// scanner test are the end-to-end scenario's.
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
+#include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
-#include "tests/core/fakes.h"
-#include "ui/application.h"
+#include "avshell/scanner_launch.h"
+#include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/setup_wizard_form.h"
 
@@ -14,234 +14,159 @@ namespace tv::ui {
 namespace {
 
 using namespace std::string_literals;
+using Search = std::pair<std::string, std::string>;
 
-class Scanners : public ::testing::Test {
+class Scanners : public test::AppTest {
 protected:
-    Scanners() {
-        test::prepareProgramFolder(os, ctx, {{"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "},
-                                             {"av2=", "av2=C:\\Second\\b.exe|"}});
+    Scanners() : AppTest({{"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "}, {"av2=", "av2=C:\\Second\\b.exe|"}}) {
         os.shell.special[38] = "C:\\Program Files";
-        ctx.quoteChar = "\"";
     }
-    void answer(std::initializer_list<int> answers) { os.boxes.answers.insert(os.boxes.answers.end(), answers); }
     void choose(Control& button, std::string file) {
         os.shell.fileChoices.push_back(std::move(file));
-        answer({box::Ok});
-        button.userClick();
+        click(button, {box::Ok});
     }
-
-    test::FakePlatform os;
-    Application app{os.set()};
-    AppContext& ctx = app.context();
+    std::string scanner1() { return choice().Text5.caption() + "|" + choice().Text6.caption(); }
+    std::string scanner2() { return choice().Text1.caption() + "|" + choice().Text2.caption(); }
     // Made on first use, as in the program: after the settings file is in place.
     ScannerChoiceForm& choice() { return app.scannerChoice(); }
     ScannerCatalogueForm& catalogue() { return app.scannerCatalogue(); }
     SetupWizardForm& wizard() { return app.setupWizard(); }
 };
 
-TEST_F(Scanners, FieldsHoldTheSavedScannersAndTheButtonsOpenTheCatalogueForEach) {
-    EXPECT_EQ(choice().Text5.caption() + "|" + choice().Text6.caption(), "C:\\AV\\scan.exe|/all");
-    EXPECT_EQ(choice().Text1.caption() + "|" + choice().Text2.caption(), "C:\\Second\\b.exe|");
-
-    choice().cButton1.userClick();
-    EXPECT_TRUE(catalogue().visible());
-    EXPECT_EQ(catalogue().tag, "1");
-    choice().chlpFind.userClick();
-    EXPECT_EQ(catalogue().tag, "");
-    choice().cButton2.userClick();
-    EXPECT_FALSE(choice().visible());
-    EXPECT_EQ(choice().Text5.caption(), "C:\\AV\\scan.exe");  // Cancel undoes nothing
-}
-
-// The file box's own texts, and the family's arguments: Panda's stay out of
-// the wizard, typed ones give way, and any other program gets a blank.
-TEST_F(Scanners, ChosenProgramTakesTheArgumentsOfItsFamily) {
-    choose(choice().cChoose, "C:\\Norton AV\\NAVW32.EXE");
-    ASSERT_EQ(os.shell.fileDialogs.size(), 1u);
-    EXPECT_EQ(os.shell.fileDialogs[0].first, "Choose Anti-Virus Executable File");
-    EXPECT_EQ(os.shell.fileDialogs[0].second,
-              "Executable Files (*.exe, *.com)\0*.EXE;*.COM\0All Files (*.*)\0*.*\0"s);
-    EXPECT_EQ(choice().Text5.caption(), "C:\\Norton AV\\NAVW32.EXE");  // without the dialog's zeros
+// The family's arguments: Panda's stay out of the wizard, typed ones give way,
+// any other program gets a blank, and the second scanner takes those of the
+// first scanner's program. Saved, a missing first scanner becomes the
+// placeholder after a word, a missing second one nothing without one.
+TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
+    EXPECT_EQ(scanner1() + "," + scanner2(), "C:\\AV\\scan.exe|/all,C:\\Second\\b.exe|");
     choose(choice().cChoose, "C:\\AV\\pavcl.com");
-    EXPECT_EQ(choice().Text6.caption(), "/NSB /NOM /AUT");
-    EXPECT_EQ(wizard().varg.caption(), "/HEUR:3");
+    EXPECT_EQ(os.shell.fileDialogs.at(0).second,
+              "Executable Files (*.exe, *.com)\0*.EXE;*.COM\0All Files (*.*)\0*.*\0"s);
+    EXPECT_EQ(scanner1() + "," + wizard().varg.caption(), "C:\\AV\\pavcl.com|/NSB /NOM /AUT,");  // without the zeros
     choice().Text6.userEditText("/typed");
     choose(choice().cChoose, "C:\\navw\\scan.exe");
-    EXPECT_EQ(choice().Text6.caption(), "/HEUR:3");
-    choose(choice().cChoose, "C:\\Other\\other.exe");
-    EXPECT_EQ(choice().Text6.caption(), " ");
-    EXPECT_EQ(wizard().varg.caption(), " ");
-    wizard().varg.setCaption("wizard's own");  // the second scanner leaves the wizard alone
+    EXPECT_EQ(choice().Text6.caption() + wizard().varg.caption(), "/HEUR:3/HEUR:3");
     choose(choice().cButton10, "C:\\Panda\\pavcl.com");
-    EXPECT_EQ(wizard().varg.caption(), "wizard's own");
+    EXPECT_EQ(scanner2(), "C:\\Panda\\pavcl.com|/HEUR:3");
+    choose(choice().cChoose, "C:\\Other\\other.exe");
+    EXPECT_EQ(choice().Text6.caption() + wizard().varg.caption(), "  ");
+
+    os.boxes.shown.clear();
+    os.files.put("C:\\Panda\\pavcl.com", "MZ");
+    click(choice().cButton3, {box::Ok, box::Ok});
+    os.files.files.clear();
+    click(choice().cButton3, {box::Ok, box::Ok});
+    EXPECT_EQ(os.boxes.shown[0].prompt, kNoScannerMessage);
+    EXPECT_EQ(os.boxes.shown[1].prompt, "Save Success!");
+    EXPECT_EQ(os.profiles.written, (test::Texts{"Tarvelon|antivirus=Anti-Virus Software| ",
+                                                "Tarvelon|av2=C:\\Panda\\pavcl.com|/HEUR:3",
+                                                "Tarvelon|antivirus=Anti-Virus Software| ", "Tarvelon|av2=|"}));
+    EXPECT_FALSE(choice().visible());
 }
 
-// Each row, in its place, searches for its own program file by that exact name.
+// Each row, in its place, searches for its own program file by that exact
+// name: below Program Files first, then below the drive.
 TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
-    const std::vector<std::pair<std::string, std::string>> rows{
-        {"AVAST 4 (All Operating Systems)", "ashQuick.exe"},
-        {"AVAST32 (All Operating Systems)", "quick32.exe"},
-        {"AVG (All Operating Systems)", "avgse.exe"},
-        {"EZ Anti-Virus (All Operating Systems)", "vet98.exe"},
-        {"Fix-It Utilities (All OS)", "AVCmd.exe"},
-        {"F-Prot (All Operating Systems)", "fpcmd.exe"},
+    const std::vector<Search> rows{
+        {"AVAST 4 (All Operating Systems)", "ashQuick.exe"}, {"AVAST32 (All Operating Systems)", "quick32.exe"},
+        {"AVG (All Operating Systems)", "avgse.exe"}, {"EZ Anti-Virus (All Operating Systems)", "vet98.exe"},
+        {"Fix-It Utilities (All OS)", "AVCmd.exe"}, {"F-Prot (All Operating Systems)", "fpcmd.exe"},
         {"H+BDEV AntiVir (Personal Edition - All OS)", "avwin.exe"},
         {"Kaspersky 3.0 (All Operating Systems)", "avp32.exe"},
         {"McAfee 5.0 and earlier (All Operating Systems)", "scan32.exe"},
         {"McAfee 6.0 (All Operating Systems)", "scanpm.exe"},
-        {"McAfee 6.02 and later (All Operating Systems)", "scan.exe"},
-        {"NOD32 (All Operating Systems)", "nod32.exe"},
-        {"Norton (2000/NT)", "navwnt.exe"},
-        {"Norton (Win95/98/ME/XP)", "navw32.exe"},
-        {"Panda 7.0 Platinum (All-OS)", "Pavcl.com"},
-        {"Sophos Anti Virus (All-OS)", "sweep.exe"},
+        {"McAfee 6.02 and later (All Operating Systems)", "scan.exe"}, {"NOD32 (All Operating Systems)", "nod32.exe"},
+        {"Norton (2000/NT)", "navwnt.exe"}, {"Norton (Win95/98/ME/XP)", "navw32.exe"},
+        {"Panda 7.0 Platinum (All-OS)", "Pavcl.com"}, {"Sophos Anti Virus (All-OS)", "sweep.exe"},
     };
+    catalogue().Command4.userClick();  // nothing chosen: nothing at all
     ASSERT_EQ(catalogue().List1.items().size(), rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
         EXPECT_EQ(catalogue().List1.items()[row], rows[row].first);
         catalogue().List1.userSetValue(static_cast<int>(row));
-        answer({box::Ok, box::Ok});  // the notice, then nothing found
-        catalogue().Command4.userClick();
-        EXPECT_EQ(os.shell.searches.back().second, rows[row].second) << rows[row].first;
+        os.shell.searches.clear();
+        click(catalogue().Command4, {box::Ok, box::Ok});  // the notice, then nothing found
+        EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", rows[row].second},
+                                                          {"C:\\", rows[row].second}}));
     }
+    EXPECT_EQ(lastBox(), "The default executable for this program was not found! Make sure you selected the correct "
+                         "anti-virus program, and the correct operating system.");
+    EXPECT_EQ(catalogue().Text2.caption(), "");
+    EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled() || !catalogue().Text2.enabled());
 
     // A system that names no Program Files folder: its empty answer becomes
     // "\" (the current drive's root), the one answer the fallback does not mend.
-    using Search = std::pair<std::string, std::string>;
     for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
         os.shell.special[38] = answer38;
-        os.shell.searches.clear();
-        answer({box::Ok, box::Ok});
-        catalogue().Command4.userClick();
-        EXPECT_EQ(os.shell.searches, (std::vector<Search>{{root, "sweep.exe"}, {"C:\\", "sweep.exe"}})) << answer38;
+        click(catalogue().Command4, {box::Ok, box::Ok});
+        EXPECT_EQ(os.shell.searches.at(os.shell.searches.size() - 2).first, root) << answer38;
     }
+
+    os.shell.openResult = 31;  // My Anti-Virus Program Isn't Listed!, with no web browser
+    click(catalogue().Command1, {box::Ok, box::Ok});
+    EXPECT_EQ(os.boxes.shown.at(os.boxes.shown.size() - 2).prompt,
+              "There is a very good chance that your anti-virus software is compatible.  As long as it supports "
+              "command line arguments, then it will work.\rTarvelon will now take you to the Quillfen Software web "
+              "site.\r\rSimply click on Tarvelon, and click on Anti-Virus support.");
+    EXPECT_EQ(os.shell.opened.at(0), (std::array<std::string, 3>{"Open", kMakerWebPage, ""}));
+    EXPECT_EQ(lastBox(),
+              "Tarvelon could not open your default web browser. Please visit https://www.quillfen.com/ by hand.");
 }
 
-TEST_F(Scanners, CatalogueSearchesProgramFilesBeforeTheDriveWithItsFieldHeld) {
-    EXPECT_FALSE(catalogue().Command2.enabled());
-    catalogue().Command4.userClick();  // nothing chosen: nothing at all
-    EXPECT_TRUE(os.boxes.shown.empty());
-    EXPECT_TRUE(os.shell.searches.empty());
+TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
+    std::string duringSearch;
+    os.loop.onPump = [&] { duringSearch += catalogue().Text2.caption() + std::to_string(catalogue().Text2.enabled()); };
+    os.shell.treeHits[{"C:\\", "Pavcl.com"}] = "C:\\Tools\\Pavcl.com";
+    os.shell.treeHits[{"C:\\Program Files\\", "navw32.exe"}] = "C:\\Program Files\\NAV\\navw32.exe";
+    for (const int row : {14, 13}) {
+        catalogue().List1.userSetValue(row);
+        click(catalogue().Command4, {box::Ok, box::Ok});
+        EXPECT_EQ(lastBox(), "Success!");
+    }
+    EXPECT_EQ(os.shell.searches.size(), 3u);  // a hit below Program Files ends the search there
+    EXPECT_EQ(duringSearch, "Searching...0Searching...0Searching...0Searching...0Searching...0Searching...0");
+    EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
 
-    std::vector<std::string> duringSearch;
-    os.loop.onPump = [&] {
-        duringSearch.push_back(catalogue().Text2.caption() + (catalogue().Text2.enabled() ? " enabled" : " disabled"));
-    };
-    os.shell.treeHits[{"C:\\", "avgse.exe"}] = "C:\\Tools\\AVG\\avgse.exe";
-    catalogue().List1.userSetValue(2);
-    answer({box::Ok, box::Ok});
-    catalogue().Command4.userClick();
-    using Search = std::pair<std::string, std::string>;
-    EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "avgse.exe"}, {"C:\\", "avgse.exe"}}));
-    EXPECT_EQ(duringSearch, std::vector<std::string>(4, "Searching... disabled"));
-    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\AVG\\avgse.exe");
-    EXPECT_TRUE(catalogue().Text2.enabled());
-    EXPECT_TRUE(catalogue().Command2.enabled());
-    EXPECT_FALSE(catalogue().Command3.enabled());
-
-    // A hit below Program Files ends the search there.
-    os.loop.onPump = nullptr;
-    os.shell.searches.clear();
-    os.shell.treeHits[{"C:\\Program Files\\", "Pavcl.com"}] = "C:\\Program Files\\Panda\\Pavcl.com";
-    catalogue().List1.userSetValue(14);
-    answer({box::Ok, box::Ok});
-    catalogue().Command4.userClick();
-    EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", "Pavcl.com"}}));
-}
-
-// Test It! starts nothing for a folder named like the program, and one that
-// will not start is named; either way Use It! is not offered. A search that
-// finds nothing takes it back as well.
-TEST_F(Scanners, TestAndUseAreOfferedOnlyForAProgramThatStarted) {
-    os.files.folders.insert("C:\\TOOLS\\AVGSE.EXE");
-    catalogue().Text2.setCaption("C:\\Tools\\avgse.exe");
-    catalogue().Command2.setEnabled(true);  // as the search leaves it
-    answer({box::Ok});
-    catalogue().Command2.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt, "You must choose a virus scanner before you proceed!");
-    EXPECT_TRUE(os.processes.started.empty());
-    EXPECT_FALSE(catalogue().Command3.enabled());
-
-    os.files.put("C:\\AV Tools\\avgse.exe", "MZ");
-    catalogue().Text2.setCaption("C:\\AV Tools\\avgse.exe");
+    // Test It! starts nothing for a program that is not there, and names one
+    // that will not start; only a started one offers Use It!.
     os.processes.refuse = true;
-    answer({box::Ok, box::Ok});
-    catalogue().Command2.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt,
-              "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r"
-              "C:\\AV Tools\\avgse.exe");
+    click(catalogue().Command2, {box::Ok});
+    EXPECT_EQ(lastBox(), "You must choose a virus scanner before you proceed!");
+    os.files.put("C:\\Program Files\\NAV\\navw32.exe", "MZ");
+    click(catalogue().Command2, {box::Ok, box::Ok});
+    EXPECT_EQ(lastBox(), scannerFailureMessage("C:\\Program Files\\NAV\\navw32.exe"));
     EXPECT_FALSE(catalogue().Command3.enabled());
     os.processes.refuse = false;
-    answer({box::Ok});
-    catalogue().Command2.userClick();
+    click(catalogue().Command2, {box::Ok});
     ASSERT_TRUE(catalogue().Command3.enabled());
-
-    catalogue().List1.userSetValue(15);
-    answer({box::Ok, box::Ok});
-    catalogue().Command4.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt,
-              "The default executable for this program was not found! Make sure you selected the correct "
-              "anti-virus program, and the correct operating system.");
-    EXPECT_EQ(catalogue().Text2.caption(), "");
-    EXPECT_FALSE(catalogue().Command3.enabled());
-    EXPECT_TRUE(catalogue().Text2.enabled());
-}
-
-TEST_F(Scanners, UseItFillsTheScannerTheCatalogueWasOpenedFor) {
-    const std::string norton = "C:\\Program Files\\NAV\\navw32.exe";
-    app.catalogueSearch().show("");
-    catalogue().Text2.setCaption(norton);
-    catalogue().Command3.setEnabled(true);  // as the test leaves it
-    catalogue().Command3.userClick();
+    catalogue().Command3.userClick();  // for the first scanner, in both forms
     EXPECT_FALSE(catalogue().visible());
-    EXPECT_EQ(wizard().varg.caption(), "/HEUR:3");
-    EXPECT_EQ(choice().Text6.caption(), "/HEUR:3");
+    EXPECT_EQ(wizard().vpath.caption() + "|" + wizard().varg.caption(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
+    EXPECT_EQ(scanner1(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
 
-    // The second scanner: Norton's program is its own arguments, anything
+    // For the second scanner a Norton program is its own arguments, anything
     // else (Panda too) gets a blank; the tag is used up.
     choice().cButton1.userClick();
+    EXPECT_EQ(catalogue().tag, "1");
     catalogue().Command3.userClick();
-    EXPECT_EQ(choice().Text1.caption(), norton);
-    EXPECT_EQ(choice().Text2.caption(), norton);
+    EXPECT_EQ(scanner2(), "C:\\Program Files\\NAV\\navw32.exe|C:\\Program Files\\NAV\\navw32.exe");
     EXPECT_EQ(catalogue().tag, "");
     choice().cButton1.userClick();
     catalogue().Text2.setCaption("C:\\Panda\\Pavcl.com");
     catalogue().Command3.userClick();
-    EXPECT_EQ(choice().Text1.caption(), "C:\\Panda\\Pavcl.com");
-    EXPECT_EQ(choice().Text2.caption(), " ");
-    EXPECT_EQ(choice().Text5.caption(), norton);
-}
+    EXPECT_EQ(scanner2(), "C:\\Panda\\Pavcl.com| ");
+    EXPECT_EQ(scanner1(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
 
-TEST_F(Scanners, ClosedCatalogueComesBackNewAndForTheFirstScanner) {
+    // Closing the catalogue forgets it: it comes back new and for the first scanner.
     choice().cButton1.userClick();
     catalogue().List1.userSetValue(3);
-    catalogue().Text2.setCaption("C:\\x\\vet98.exe");
-    catalogue().Command2.setEnabled(true);
     catalogue().userClose();
     EXPECT_FALSE(catalogue().visible());
-    EXPECT_EQ(catalogue().tag, "");
-    app.catalogueSearch().show("");
-    EXPECT_EQ(catalogue().Text2.caption(), "");
+    choice().chlpFind.userClick();
+    EXPECT_EQ(catalogue().tag + catalogue().Text2.caption(), "");
     EXPECT_EQ(catalogue().List1.value(), -1);
     EXPECT_EQ(catalogue().List1.items().size(), 16u);
-    EXPECT_FALSE(catalogue().Command2.enabled());
-}
-
-TEST_F(Scanners, NotListedSendsTheUserToTheMakersPage) {
-    answer({box::Ok});
-    catalogue().Command1.userClick();
-    EXPECT_EQ(os.boxes.shown[0].prompt,
-              "There is a very good chance that your anti-virus software is compatible.  As long as it supports "
-              "command line arguments, then it will work.\rTarvelon will now take you to the Quillfen Software web "
-              "site.\r\rSimply click on Tarvelon, and click on Anti-Virus support.");
-    ASSERT_EQ(os.shell.opened.size(), 1u);
-    EXPECT_EQ(os.shell.opened[0], (std::array<std::string, 3>{"Open", kMakerWebPage, ""}));
-
-    os.shell.openResult = 31;
-    answer({box::Ok, box::Ok});
-    catalogue().Command1.userClick();
-    EXPECT_EQ(os.boxes.shown.back().prompt,
-              "Tarvelon could not open your default web browser. Please visit https://www.quillfen.com/ by hand.");
+    EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled());
 }
 
 }  // namespace

@@ -163,8 +163,12 @@ std::string NoProfileFiles::get(const std::string&, const std::string&, std::siz
     return {};
 }
 
-bool NoProfileFiles::put(const std::string&, const std::string&, const std::string&,
+bool NoProfileFiles::put(const std::string& section, const std::string& key, const std::string& value,
                          const std::string&) {
+    if (recordWrites) {
+        written.push_back(section + "|" + key + "=" + value);
+        return true;
+    }
     ADD_FAILURE() << "profile write where none was expected";
     return false;
 }

@@ -54,6 +54,10 @@ private:
 
 class NoProfileFiles final : public ProfileFiles {
 public:
+    // A write fails the test, unless the test records the writes, as
+    // "section|key=value" in the order they came.
+    bool recordWrites = false;
+    std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
 };
@@ -174,7 +178,7 @@ struct RecordingHost final : ScanHost {
 };
 
 // A registry in which no key can be opened.
-class NoRegistry final : public Registry {
+class NoRegistry : public Registry {
 public:
     static constexpr long kNotFound = 2;
     long openKey(std::uint32_t, const std::string&, Key&) override { return kNotFound; }

@@ -82,15 +82,6 @@ TEST_F(StartUp, BaselineOfTheChosenAlgorithmIsLoaded) {
     EXPECT_EQ(ctx.section.text[0].entry("A.DLL"), "2");
 }
 
-TEST_F(StartUp, ProgramFolderThatCannotBeWrittenStillOpensTheWindow) {
-    os.processes.path = "Q:\\Gone\\TarvelonLow.exe";
-    refuseFirstRunTwice();
-    app.load();
-    EXPECT_TRUE(os.files.files.empty());
-    EXPECT_TRUE(app.mainForm().visible());
-    EXPECT_FALSE(os.loop.quitCalled);
-}
-
 TEST_F(StartUp, SettingsReachControlsAndValues) {
     settings("[Tarvelon]\r\nsettings=1,0,1,0,1,0,1,1\r\nsettings2=0,1,0,1,0,1\r\n"
              "advanced=131072,99999,1\r\nantivirus=C:\\AV\\scan.exe| /all /quiet \r\n"

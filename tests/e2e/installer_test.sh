@@ -1,91 +1,200 @@
 #!/usr/bin/env bash
-# The release as a Windows user gets it. The 64-bit installer installs silently
-# into the test prefix: the program, its help, a writable Data folder, the Start
-# menu entries and the uninstall entry. The installed program makes its primary
-# full scan and then a clean log-on check. The silent uninstaller removes the
-# program, its entries and the shortcuts the program may have made, and keeps
-# Data\. The 32-bit installer and the portable archive hold what they should.
+# The release as users get it and as a packager ships it. Both setups and the
+# portable archive carry the stripped program files, the help, the licence, the
+# runtime notices and the release notes. The released setups are 32-bit
+# programs, so that the 64-bit one can tell 32-bit Windows why it cannot run,
+# and this Wine runs 64-bit programs only: the journeys run the same script
+# over the same files, built on the setup system's 64-bit stub. They install
+# for the current user (the default), for all users, into a folder of the
+# user's choosing and over it, and both products side by side; each finds the
+# one copy, grants Data\ to nobody else, and a silent upgrade while Tarvelon
+# runs fails and leaves it whole. The installed program makes its first scan
+# and a clean log-on check, and Auto-Load takes the Startup folder the install
+# allows. The silent uninstaller leaves only Data\ and shortcuts that start
+# other programs. A portable copy that cannot make its Data\ says so and ends.
 source "$(dirname "$0")/lib.sh"
-: "${RELEASE:?}"
+: "${RELEASE:?} ${FAKESCAN:?}"
+root=$(cd "$(dirname "$0")/../.." && pwd)
+version=$(tr -d '\n' <"$(dirname "$TARVELON_EXE")/version.txt")
 
-setups=("$RELEASE"/Tarvelon-*-setup-x64.exe)
-[ -f "${setups[0]}" ] || fail "no installer in $RELEASE"
-version=$(basename "${setups[0]}")
-version=${version#Tarvelon-}
-version=${version%-setup-x64.exe}
-[ "$version" == "$(tr -d '\n' <"$(dirname "$TARVELON_EXE")/version.txt")" ] || fail "installer version $version"
-
-target='C:\Program Files\Tarvelon'
-installed="$WINEPREFIX/drive_c/Program Files/Tarvelon"
-programs="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs"
-key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Tarvelon'
-remove_installation() {
-    rm -rf "$installed" "$programs/Tarvelon" "$programs/StartUp/Tarvelon.lnk"
-    wine reg delete "$key" /f >/dev/null 2>&1 || true
+# The release's files.
+has_release_files() {  # folder, objdump format of its program
+    for file in TarvelonLow.exe Help/index.html LICENSE.txt NOTICES.txt CHANGELOG.md; do
+        [ -f "$1/$file" ] || fail "$1 lacks $file"
+    done
+    x86_64-w64-mingw32-objdump -f "$1/TarvelonLow.exe" | grep -q "file format $2" || fail "$1 holds no $2 program"
+    ! x86_64-w64-mingw32-objdump -h "$1/TarvelonLow.exe" | grep -q '\.debug' || fail "$1: the program keeps its symbols"
+    grep -q 'GCC RUNTIME LIBRARY EXCEPTION' "$1/NOTICES.txt" && grep -q 'Lucent' "$1/NOTICES.txt" &&
+        grep -q 'winpthreads' "$1/NOTICES.txt" || fail "$1: the runtime notices"
 }
-trap 'remove_installation; cleanup' EXIT
-remove_installation
-
-wine "${setups[0]}" /S "/D=$target" >"$WORK/setup.log" 2>&1 || fail "the installer failed"
-for file in TarvelonLow.exe Uninstall.exe Help/index.html Help/first-steps.html; do
-    [ -f "$installed/$file" ] || fail "$file was not installed"
+declare -A format=([x64]=pei-x86-64 [x86]=pei-i386)
+7zz x -o"$WORK/zip" "$RELEASE/Tarvelon-$version-portable.zip" >/dev/null || fail "the portable archive cannot be read"
+[ -f "$WORK/zip/Tarvelon-$version/README.txt" ] || fail "the portable archive lacks README.txt"
+for arch in x64 x86; do
+    setup=$RELEASE/Tarvelon-$version-setup-$arch.exe
+    i686-w64-mingw32-objdump -f "$setup" | grep -q 'file format pei-i386' || fail "the $arch setup is no 32-bit program"
+    7zz x -o"$WORK/$arch" "$setup" >/dev/null || fail "the $arch setup cannot be read"
+    has_release_files "$WORK/$arch" "${format[$arch]}"
+    has_release_files "$WORK/zip/Tarvelon-$version/$arch" "${format[$arch]}"
 done
-[ -d "$installed/Data" ] || fail "Data\\ was not made"
-cmp -s "$TARVELON_EXE" "$installed/TarvelonLow.exe" || fail "the installed program file is not the built one"
-for entry in Tarvelon "Secure Shut Down" Help "Uninstall Tarvelon"; do
-    [ -f "$programs/Tarvelon/$entry.lnk" ] || fail "Start menu entry $entry.lnk is missing"
-done
-wine reg query "$key" /v DisplayVersion 2>/dev/null | tr -d '\r' | grep -q "REG_SZ *$version\$" ||
-    fail "Add/Remove Programs does not list version $version"
-
-# The installed program: its first start makes the primary full scan, and
-# the log-on check that follows finds nothing and ends by itself.
-PID=$(auto start "\"$target\\TarvelonLow.exe\"")
-STARTED+=("$PID")
-auto press TarvelonLow Yes >/dev/null
-wait_for_primary_scan "$installed/Data/Integrity.dat"
-auto click "Welcome to Tarvelon" cButton9 >/dev/null
-auto wait-exit "$PID" >/dev/null
-PID=$(auto start "\"$target\\TarvelonLow.exe\" /r")
-STARTED+=("$PID")
-expect_eq "exit of the clean log-on check" "0" "$(auto --timeout 120000 wait-exit "$PID")"
-[ -z "$(ls "$installed/Data/Log")" ] || fail "a clean check wrote a report"
-
-# Shortcuts as the program makes them, for the uninstaller to find.
-mkdir -p "$programs/StartUp"
-cp "$programs/Tarvelon/Tarvelon.lnk" "$programs/StartUp/Tarvelon.lnk"
-cp "$programs/Tarvelon/Secure Shut Down.lnk" "$installed/SecureShutDown.lnk"
-
-wine "$installed/Uninstall.exe" /S >"$WORK/uninstall.log" 2>&1 || fail "the uninstaller failed"
-uninstalled() { ! wine reg query "$key" >/dev/null 2>&1; }
-wait_until 60 "the uninstaller's end" uninstalled  # it runs on from a copy of itself; its entry goes last
-for gone in "$installed/TarvelonLow.exe" "$installed/Uninstall.exe"; do
-    [ ! -e "$gone" ] || fail "$gone is left after the uninstall"
-done
-for gone in "$installed/Help" "$installed/SecureShutDown.lnk" "$programs/Tarvelon" "$programs/StartUp/Tarvelon.lnk"; do
-    [ ! -e "$gone" ] || fail "$gone is left after the uninstall"
-done
-[ -f "$installed/Data/Integrity.dat" ] || fail "the silent uninstall removed the user's baselines"
-
-# The 32-bit installer: a 32-bit stub holding the 32-bit program and the help.
-x86=$RELEASE/Tarvelon-$version-setup-x86.exe
-i686-w64-mingw32-objdump -f "$x86" | grep -q 'file format pei-i386' || fail "the x86 installer's stub is not 32-bit"
-x86_64-w64-mingw32-objdump -f "${setups[0]}" | grep -q 'file format pei-x86-64' || fail "the x64 installer's stub is not 64-bit"
-7zz x -o"$WORK/x86" "$x86" >/dev/null || fail "the x86 installer cannot be read"
-for file in TarvelonLow.exe Help/index.html Help/first-steps.html; do
-    [ -f "$WORK/x86/$file" ] || fail "the x86 installer lacks $file"
-done
-i686-w64-mingw32-objdump -f "$WORK/x86/TarvelonLow.exe" | grep -q 'file format pei-i386' ||
-    fail "the x86 installer holds no 32-bit program"
-
-python3 - "$RELEASE/Tarvelon-$version-portable.zip" "$version" <<'PY' || fail "the portable archive"
-import sys, zipfile
-names = set(zipfile.ZipFile(sys.argv[1]).namelist())
-top = f"Tarvelon-{sys.argv[2]}/"
-for name in ["README.txt", "x64/TarvelonLow.exe", "x64/Help/index.html", "x86/TarvelonLow.exe", "x86/Help/index.html"]:
-    if top + name not in names:
-        sys.exit(f"missing {name}")
-PY
+code() { x86_64-w64-mingw32-objcopy -O binary -j .text "$1" "$WORK/$2.code"; }  # program file, name
+code "$TARVELON_EXE" built && code "$WORK/x64/TarvelonLow.exe" x64
+cmp -s "$WORK/built.code" "$WORK/x64.code" || fail "the x64 setup's program is not the built one"
+# The version record's systems: any 32-bit Windows (VOS__WINDOWS32), 98 as well as NT.
+at=$(LC_ALL=C grep -obUaP -m1 '\xbd\x04\xef\xfe' "$WORK/x86/TarvelonLow.exe" | cut -d: -f1)
+expect_eq "the version record's systems" 4 "$(od -An -tu4 -j $((at + 32)) -N4 "$WORK/x86/TarvelonLow.exe" | tr -d ' ')"
+expect_eq "icon sizes" "16 24 32 48 256 " "$(identify -format '%w ' "$root/packaging/tarvelon.ico")"
 (cd "$RELEASE" && sha256sum --quiet -c SHA256SUMS.txt) || fail "the checksums of the release"
 expect_eq "files the checksums cover" "3" "$(wc -l <"$RELEASE/SHA256SUMS.txt")"
-echo "release: installer round trip, x86 installer, portable archive and checksums as expected"
+
+build_setup() {  # arch, version
+    makensis -V1 -DSTUB=amd64-unicode -DVERSION="$2" -DARCH="$1" -DPROGRAM="$WORK/$1/TarvelonLow.exe" \
+        -DHELP="$WORK/$1/Help" -DDOCS="$WORK/$1" -DICON="$root/packaging/tarvelon.ico" \
+        -DOUTFILE="$WORK/setup-$1-$2.exe" "$root/packaging/installer/tarvelon.nsi" || fail "building the $1 setup"
+}
+build_setup x64 "$version"
+build_setup x64 9.9.9
+build_setup x86 "$version"
+
+user=$(id -un)
+own="$WINEPREFIX/drive_c/users/$user/AppData/Local/Programs"
+own_menu="$WINEPREFIX/drive_c/users/$user/AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
+all="$WINEPREFIX/drive_c/Program Files/Tarvelon"
+all_menu="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs"
+tools="$WINEPREFIX/drive_c/Tools/Tarvelon"
+uninstall='Software\Microsoft\Windows\CurrentVersion\Uninstall'
+# What the setup grants is recorded by a stand-in for icacls, run in place of
+# Wine's own: Wine keeps no access lists to read back.
+icacls=$WINEPREFIX/drive_c/windows/system32/icacls.exe
+cp "$icacls" "$WORK/icacls.wine"
+export WINEDLLOVERRIDES="$WINEDLLOVERRIDES;icacls.exe=n" TARVELON_FAKESCAN_LOG_ICACLS
+TARVELON_FAKESCAN_LOG_ICACLS=$(windows_path "$WORK/icacls.log")
+remove_installations() {
+    rm -rf "$own/Tarvelon" "$own/Tarvelon (32-bit)" "$all" "$tools" "$own_menu/Tarvelon"* "$all_menu/Tarvelon" \
+        "$own_menu/StartUp/Tarvelon.lnk" "$all_menu/StartUp/Tarvelon.lnk"
+    for key in "HKCU\\$uninstall\\Tarvelon" "HKCU\\$uninstall\\Tarvelon (32-bit)" "HKLM\\$uninstall\\Tarvelon"; do
+        wine reg delete "$key" /f >/dev/null 2>&1 || true
+    done
+}
+trap 'remove_installations; cp "$WORK/icacls.wine" "$icacls"; cleanup' EXIT
+cp "$FAKESCAN" "$icacls"
+remove_installations
+
+value() { wine reg query "$1" /v "$2" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$2 *REG_[A-Z]* *//p"; }  # key, name
+values() { local name; for name in "${@:2}"; do value "$1" "$name"; done | paste -sd'|'; }  # key, names
+granted() { tr -d '\r' <"$WORK/icacls.log" | sed -n 's/.* \/inheritance:r \/grant:r \(.*\) \/C \/Q$/\1/p' | tail -n 1; }
+setup() {  # the setup's arguments; checks its exit code
+    local code=0
+    wine "$WORK/setup-$1.exe" "${@:3}" >"$WORK/setup.log" 2>&1 || code=$?
+    expect_eq "exit code of setup-$1 ${*:3}" "$2" "$code"
+}
+gone() { ! wine reg query "$1" >/dev/null 2>&1; }
+uninstall() {  # folder, its entry: the silent uninstaller runs on from a copy of itself; its entry goes last
+    wine "$1/Uninstall.exe" /S >"$WORK/uninstall.log" 2>&1 || fail "the uninstaller failed"
+    wait_until 60 "the uninstaller's end" gone "$2"
+    expect_eq "left in $1" "Data" "$(ls "$1")"
+}
+installed() {  # folder, its entry, its Start menu folder
+    cmp -s "$WORK/x64/TarvelonLow.exe" "$1/TarvelonLow.exe" || fail "$1 holds no program of the x64 setup"
+    for file in Uninstall.exe Help/first-steps.html LICENSE.txt NOTICES.txt CHANGELOG.md Data/Log; do
+        [ -e "$1/$file" ] || fail "$1 lacks $file"
+    done
+    for entry in Tarvelon "Secure Shut Down" Help "Uninstall Tarvelon"; do
+        [ -f "$3/$entry.lnk" ] || fail "Start menu entry $3/$entry.lnk is missing"
+    done
+    expect_eq "installed programs' entry" \
+        "Tarvelon|$version|Quillfen Software|https://www.quillfen.com/|https://www.quillfen.com/" \
+        "$(values "$2" DisplayName DisplayVersion Publisher HelpLink URLInfoAbout)"
+    [[ $(value "$2" EstimatedSize) =~ ^0x[0-9a-f]{3,}$ ]] || fail "the entry's size: $(value "$2" EstimatedSize)"
+}
+startup_after_save() {  # ticks Auto-Load on the settings page of the running program and saves
+    auto click "Welcome to Tarvelon" Image11 >/dev/null
+    auto click "Welcome to Tarvelon" cSettings >/dev/null
+    wait_shown "Welcome to Tarvelon" qSett
+    auto click "Welcome to Tarvelon" Check1 >/dev/null
+    auto click "Welcome to Tarvelon" cSave >/dev/null
+    expect_eq "saving Auto-Load" "Settings Saved Successfully" "$(auto box-text TarvelonLow)"
+    auto press TarvelonLow OK >/dev/null
+}
+
+# For the current user, by default: the user's programs folder, entry and Start
+# menu, the folder granted to the user, the administrators and the system only.
+setup "x64-$version" 0 /S
+installed "$own/Tarvelon" "HKCU\\$uninstall\\Tarvelon" "$own_menu/Tarvelon"
+gone "HKLM\\$uninstall\\Tarvelon" || fail "a current user's installation is entered for the machine"
+[[ $(granted) =~ ^\*S-1-5-21-[0-9-]+:\(OI\)\(CI\)F\ \*S-1-5-32-544:\(OI\)\(CI\)F\ \*S-1-5-18:\(OI\)\(CI\)F$ ]] ||
+    fail "rights of a current user's installation: $(granted)"
+grep -q 'S-1-5-32-545' "$WORK/icacls.log" && fail "the setup gave the machine's users rights"
+PID=$(auto start "\"C:\\users\\$user\\AppData\\Local\\Programs\\Tarvelon\\TarvelonLow.exe\"")
+STARTED+=("$PID")
+auto press TarvelonLow Yes >/dev/null
+wait_for_primary_scan "$own/Tarvelon/Data/Integrity.dat"
+startup_after_save
+[ -f "$own_menu/StartUp/Tarvelon.lnk" ] && [ ! -e "$all_menu/StartUp/Tarvelon.lnk" ] ||
+    fail "Auto-Load of a current user's installation is not in the user's own Startup folder"
+setup "x64-9.9.9" 3 /S  # while Tarvelon runs
+cmp -s "$WORK/x64/TarvelonLow.exe" "$own/Tarvelon/TarvelonLow.exe" || fail "an upgrade touched the running program"
+expect_eq "version after a refused upgrade" "$version" "$(value "HKCU\\$uninstall\\Tarvelon" DisplayVersion)"
+auto click "Welcome to Tarvelon" cButton9 >/dev/null
+auto wait-exit "$PID" >/dev/null
+PID=$(auto start "\"C:\\users\\$user\\AppData\\Local\\Programs\\Tarvelon\\TarvelonLow.exe\" /r")
+STARTED+=("$PID")
+expect_eq "exit of the clean log-on check" "0" "$(auto --timeout 120000 wait-exit "$PID")"
+[ -z "$(ls "$own/Tarvelon/Data/Log")" ] || fail "a clean check wrote a report"
+# Another program's Auto-Load shortcut, which is not the uninstaller's to remove.
+cp "$own_menu/Tarvelon/Help.lnk" "$all_menu/StartUp/Tarvelon.lnk"
+cp "$own_menu/Tarvelon/Secure Shut Down.lnk" "$own/Tarvelon/SecureShutDown.lnk"
+uninstall "$own/Tarvelon" "HKCU\\$uninstall\\Tarvelon"
+[ ! -e "$own_menu/Tarvelon" ] && [ ! -e "$own_menu/StartUp/Tarvelon.lnk" ] || fail "the uninstall left shortcuts"
+[ -f "$all_menu/StartUp/Tarvelon.lnk" ] || fail "the uninstall removed another program's shortcut"
+rm "$all_menu/StartUp/Tarvelon.lnk"
+
+# For all users: Program Files, the machine's entry and Start menu, users may
+# read and run it only; Auto-Load goes to all users' Startup folder.
+setup "x64-$version" 0 /S /AllUsers
+installed "$all" "HKLM\\$uninstall\\Tarvelon" "$all_menu/Tarvelon"
+gone "HKCU\\$uninstall\\Tarvelon" || fail "an installation for all users is entered for the user"
+expect_eq "rights of an installation for all users" \
+    "*S-1-5-32-544:(OI)(CI)F *S-1-5-18:(OI)(CI)F *S-1-5-32-545:(OI)(CI)RX" "$(granted)"
+PID=$(auto start "\"C:\\Program Files\\Tarvelon\\TarvelonLow.exe\"")
+STARTED+=("$PID")
+refuse_first_run
+refuse_first_run
+auto wait-window "Welcome to Tarvelon" >/dev/null
+startup_after_save
+[ -f "$all_menu/StartUp/Tarvelon.lnk" ] || fail "Auto-Load of an installation for all users run elevated"
+auto click "Welcome to Tarvelon" cButton9 >/dev/null
+auto wait-exit "$PID" >/dev/null
+uninstall "$all" "HKLM\\$uninstall\\Tarvelon"
+[ ! -e "$all_menu/StartUp/Tarvelon.lnk" ] && [ ! -e "$all_menu/Tarvelon" ] || fail "the uninstall left shortcuts"
+
+# A folder of the user's choosing, found again by the next version, and the
+# 32-bit product beside it.
+setup "x64-$version" 0 /S '/D=C:\Tools\Tarvelon'
+touch "$tools/Data/Tarvelon.dat"
+setup "x64-9.9.9" 0 /S
+expect_eq "upgraded installation" "9.9.9|C:\\Tools\\Tarvelon" \
+    "$(values "HKCU\\$uninstall\\Tarvelon" DisplayVersion InstallLocation)"
+[ ! -e "$own/Tarvelon/TarvelonLow.exe" ] && [ -f "$tools/Data/Tarvelon.dat" ] || fail "the upgrade made a second copy"
+setup "x86-$version" 0 /S
+x86_64-w64-mingw32-objdump -f "$own/Tarvelon (32-bit)/TarvelonLow.exe" | grep -q 'file format pei-i386' ||
+    fail "the 32-bit product's program"
+expect_eq "32-bit product's entry" "Tarvelon (32-bit)|$version" \
+    "$(values "HKCU\\$uninstall\\Tarvelon (32-bit)" DisplayName DisplayVersion)"
+[ -f "$own_menu/Tarvelon (32-bit)/Tarvelon.lnk" ] && [ -f "$own_menu/Tarvelon/Tarvelon.lnk" ] ||
+    fail "the Start menu folders side by side"
+expect_eq "64-bit product beside it" "9.9.9" "$(value "HKCU\\$uninstall\\Tarvelon" DisplayVersion)"
+uninstall "$own/Tarvelon (32-bit)" "HKCU\\$uninstall\\Tarvelon (32-bit)"
+uninstall "$tools" "HKCU\\$uninstall\\Tarvelon"
+
+# A copy unpacked where its Data\ cannot be made: one message, then the end.
+app=$(new_program_folder)
+: >"$app/Data"
+start_program "$app" ""
+said=$(auto box-text TarvelonLow)
+[[ $said == "Tarvelon cannot write to its Data folder:"$'\r\n'"$(windows_path "$app")\\Data\\"$'\r\n'* ]] ||
+    fail "the message of an unwritable Data folder: $said"
+auto press TarvelonLow OK >/dev/null
+auto wait-exit "$PID" TarvelonLow >/dev/null  # with no other window on the way
+echo "release: files, stripped programs and notices; current user, all users, custom folder, upgrades," \
+    "side by side, running program, rights, Auto-Load folders, uninstalls and the unwritable Data folder as expected"

@@ -1,239 +1,146 @@
-// The Setup Wizard walked page by page with the mouse, as a user does: its
-// pages, its clock, its lit labels and its scanner fields.
-#include <gtest/gtest.h>
-
+// The Setup Wizard walked with the mouse, as a user does. Its pages' titles,
+// texts and controls and a whole walk to Save are the end-to-end scenario's.
 #include "avshell/scanner_catalogue_form.h"
+#include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
-#include "tests/core/fakes.h"
-#include "ui/application.h"
-#include "ui/main_window.h"
+#include "core/settings_text.h"
+#include "tests/ui/app_fixture.h"
 #include "ui/setup_wizard.h"
 #include "ui/setup_wizard_form.h"
 
 namespace tv::ui {
 namespace {
 
-constexpr const char* kNoScanner =
-    "You didn't choose an anti-virus software exe.  We recommend that you get one to take full advantage of Tarvelon";
-
-class Wizard : public ::testing::Test {
+class Wizard : public test::AppTest {
 protected:
-    Wizard() {
-        test::prepareProgramFolder(os, ctx, {{"settings=0,0,0,0,0,0,0,0", "settings=1,0,1,0,1,0,1,0,1"},
-                                             {"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "}});
-        os.files.folders.insert("C:\\STARTUP");
-        os.shell.special[24] = "C:\\Startup";
+    Wizard()
+        : AppTest({{"settings=0,0,0,0,0,0,0,0", "settings=1,0,1,0,1,0,1,0,1"},
+                   {"antivirus=", "antivirus=C:\\AV\\scan.exe| /all "}}) {
+        os.files.put("C:\\AV\\scan.exe", "MZ");
     }
-    // The Options page's Settings Wizard button.
-    void open() {
-        app.mainForm().Image11.userClick();
-        app.mainForm().options.cSetW.userClick();
-    }
+    void open() { window.options.cSetW.userClick(); }
     void release(Control& label) {
         label.userMouseMove();
         label.userMouseDown();
         label.userMouseUp();
     }
-    void next() { release(form().Label1); }
-    void back() { release(form().Label2); }
-    // The page's own controls that are shown, by name, labels left out.
-    std::vector<std::string> shownControls() {
-        std::vector<std::string> names;
-        for (const auto& control : app.setupWizard().controls())
-            if (control->visible() && control->kind() != Kind::Label) names.push_back(control->name());
-        return names;
-    }
+    void next(int times = 1) { while (times-- > 0) release(form.Label1); }
+    void back(int times = 1) { while (times-- > 0) release(form.Label2); }
 
-    test::FakePlatform os;
-    Application app{os.set()};
-    AppContext& ctx = app.context();
-    SetupWizardForm& form() { return app.setupWizard(); }
-    SetupWizard& pages() { return app.wizardPages(); }
+    SetupWizardForm& form = app.setupWizard();
+    SetupWizard& wizard = app.wizardPages();
 };
 
-TEST_F(Wizard, OpensOnPageZeroWithTheSavedSettings) {
+TEST_F(Wizard, OpensWithTheSavedSettingsAndStaysWithinItsNinePages) {
     os.files.put("C:\\Startup\\Tarvelon.lnk", "L");
     open();
-    EXPECT_EQ(pages().page(), 0);
-    EXPECT_EQ(form().aload.value(), 1);
-    std::vector<int> values;
-    for (const Control* box : form().settingsBoxes()) values.push_back(box->value());
-    EXPECT_EQ(values, (std::vector<int>{1, 0, 1, 0, 1, 0, 1, 0}));  // the ninth position is no box's
-    EXPECT_EQ(form().vpath.caption(), "C:\\AV\\scan.exe");
-    EXPECT_EQ(form().varg.caption(), "/all");
+    std::string values = std::to_string(form.aload.value()) + ":";
+    for (const Control* box : form.settingsBoxes()) values += std::to_string(box->value());
+    EXPECT_EQ(values, "1:10101010");  // the ninth position is no box's
+    EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "C:\\AV\\scan.exe|/all");
+    next();
+    EXPECT_TRUE(form.Label4.visible());  // the one label a page shows of its own
+    next(8);  // Next on the last page, where it is hidden, does nothing
+    EXPECT_FALSE(form.Label4.visible());
+    EXPECT_EQ(wizard.page(), 8);
+    back(9);
+    EXPECT_EQ(form.title.caption(), "Welcome to the Setup Wizard");
 }
 
-TEST_F(Wizard, EachPageShowsItsTitleTextAndControls) {
-    os.files.put("C:\\AV\\scan.exe", "MZ");
-    open();
-    struct Page {
-        const char* title;
-        std::string description;
-        std::vector<std::string> controls;
-    };
-    const std::vector<Page> expected{
-        {"Welcome to the Setup Wizard",
-         "Just click the 'Next' button to continue.\r-If you make any mistakes, just click on the back button.\r"
-         "-Hit Cancel if you want to quit the setup without changing any settings.",
-         {}},
-        {"Anti-Virus Setup (1/2)",
-         "Step 1: Locate your main anti-virus software program.\r\r-If you aren't sure where to find it, click on "
-         "the 'Help Me' button.",
-         {"vpath", "locate", "varg", "helpme"}},
-        {"Anti-Virus Setup (2/2)",
-         "Step 2: Make sure it works!\r\r-Click the 'Test It!' button to make sure you selected the correct program.",
-         {"Command1"}},
-        {"Main Settings (1/3)",
-         "-The most powerful aspect of Tarvelon is the Integrity Checker and the auto-loading and auto-scanning "
-         "features.\r\r-This loads Tarvelon whenever a user logs into Windows, and performs a quick Integrity Check "
-         "of your system files. This will provide an early warning of potential threats and will allow the "
-         "elimination of malicious files before they cause serious damage.",
-         {"aload"}},
-        {"Main Settings (2/3)",
-         "-Please choose the types of files you would like to scan at startup.\r\r-We recommend scanning of at "
-         "least these files types:\rDRV,SYS,EXE,SCR and PIF files.",
-         {"Check1", "Check2", "Check3", "Check4", "Check5", "Check8"}},
-        {"Main Settings (3/3)",
-         "Auto-Scan:\r-If this option is enabled, then if any files fail the Integrity Check, they will be scanned "
-         "automatically (only applies if Tarvelon is loaded at Start Up of Windows).\r\n\r\n-If you enable this "
-         "option, then it is very highly recommended that you also enable the 'Logging' feature in Tarvelon (so "
-         "that files can be re-scanned after your Anti-Virus definition files are updated).",
-         {"Check6"}},
-        {"Other Settings (1/2)",
-         "Tarvelon's Logging Feature\r-If this option is enabled, then if any files fail the Integrity Check or if "
-         "any New or Modified Registry entries are scanned, they will be added to the log.  Users can pull up the "
-         "logs later on to see what files were scanned, and have the option to scan them again.  This feature is "
-         "useful to protect the user from not finding viruses or trojans due to older Virus Definition files.",
-         {"Check7"}},
-        {"Other Settings (2/2)",
-         "Tarvelon's 'Secure Shut Down' Feature\r\n-This button will create a shortcut on your Desktop that will "
-         "provide an alternative to shutting down your computer via the ShutDown button in Windows.\r\n-Using the "
-         "'Secure Shut Down' method will perform the same actions as the Auto-Load feature, as well as scanning the "
-         "registry and also your wininit.ini files for suspicious entries. Using this method of shutting down is "
-         "HIGHLY recommended.",
-         {"cButton1"}},
-    };
-    for (const Page& page : expected) {
-        EXPECT_EQ(form().title.caption(), page.title);
-        EXPECT_EQ(form().desc.caption(), page.description) << page.title;
-        EXPECT_EQ(shownControls(), page.controls) << page.title;
-        EXPECT_EQ(form().Label4.visible(), pages().page() == 1);
-        next();
-    }
-    EXPECT_EQ(form().title.caption(), "You're done!");
-    EXPECT_EQ(shownControls(), std::vector<std::string>{"Command2"});
-    EXPECT_TRUE(os.boxes.shown.empty());
-}
-
-TEST_F(Wizard, ClockRunsFromPageZeroAndTellsTheMinutes) {
-    os.files.put("C:\\AV\\scan.exe", "MZ");
+// Arriving at page 0 starts the clock again; the minutes are rounded half to even.
+TEST_F(Wizard, LastPageTellsTheMinutesSinceTheLastArrivalAtPageZero) {
     os.clock.script = {1000.4, 1002.9};
     open();
-    for (int i = 0; i < 8; ++i) next();
-    EXPECT_EQ(form().desc.caption(),
+    next(8);
+    EXPECT_EQ(form.desc.caption(),
               "Just click on the Save button to save the settings!\r\rThis setup took: 0 minutes to complete.\r\r"
               "That was quick! Go Speed Racer Go!");
-
-    // Back to page 0 starts the clock again: from 2000 (2000.5, rounded half
-    // to even), 90 seconds are 1.5 minutes and read 2; 30 seconds read 0.
-    os.clock.script = {2000.5, 2090};
-    for (int i = 0; i < 8; ++i) back();
-    for (int i = 0; i < 8; ++i) next();
-    EXPECT_EQ(form().desc.caption(),
-              "Just click on the Save button to save the settings!\r\rThis setup took: 2 minutes to complete.");
-    os.clock.script = {2000, 2030};
-    for (int i = 0; i < 8; ++i) back();
-    for (int i = 0; i < 8; ++i) next();
-    EXPECT_NE(form().desc.caption().find("took: 0 minutes"), std::string::npos);
-    EXPECT_EQ(form().desc.caption().find("Speed Racer"), std::string::npos);
-}
-
-TEST_F(Wizard, LeavingTheTestPageWithoutAScannerIsToldButAllowed) {
-    open();
-    next();
-    next();
-    os.boxes.answers = {box::Ok};
-    next();
-    EXPECT_EQ(pages().page(), 3);
-    ASSERT_EQ(os.boxes.shown.size(), 1u);
-    EXPECT_EQ(os.boxes.shown[0].prompt, kNoScanner);
-
-    // Back and forth many times: the page stays within the nine.
-    os.files.put("C:\\AV\\scan.exe", "MZ");
-    for (int round = 0; round < 50; ++round) {
-        for (int i = 0; i < 10; ++i) next();
-        EXPECT_EQ(pages().page(), 8);
-        for (int i = 0; i < 10; ++i) back();
-        EXPECT_EQ(pages().page(), 0);
+    using Run = std::tuple<double, double, std::string>;
+    for (const auto& [start, end, minutes] : {Run{2000.5, 2090, "2"}, Run{2000, 2030, "0"}}) {
+        os.clock.script = {start, end};
+        back(8);
+        next(8);
+        EXPECT_TRUE(form.desc.caption().ends_with("took: " + minutes + " minutes to complete.")) << minutes;
     }
-    EXPECT_EQ(form().title.caption(), "Welcome to the Setup Wizard");
-    EXPECT_EQ(os.boxes.shown.size(), 1u);
 }
 
-TEST_F(Wizard, LabelsLightUnderTheMouseAndTheHoverNumberFollows) {
+TEST_F(Wizard, LeavingTheTestPageWithoutAScannerIsToldAndOnlyNoKeepsTheWizard) {
+    os.files.files.erase("C:\\AV\\SCAN.EXE");
     open();
-    Control &nextLabel = form().Label1, &backLabel = form().Label2, &cancelLabel = form().Label3;
-    next();  // page 1, so that Back is shown
-    EXPECT_EQ(pages().hoverNumber(), 6);
-    backLabel.userMouseMove();
-    EXPECT_EQ(pages().hoverNumber(), 1);
-    EXPECT_EQ(backLabel.foreColour(), kBlue);
-    EXPECT_TRUE(backLabel.underlined());
-    cancelLabel.userMouseMove();
-    EXPECT_EQ(pages().hoverNumber(), 2);
-    EXPECT_FALSE(backLabel.underlined());
-    EXPECT_TRUE(cancelLabel.underlined());
-    nextLabel.userMouseMove();
-    EXPECT_EQ(pages().hoverNumber(), 3);
-    nextLabel.userMouseDown();
-    EXPECT_EQ(nextLabel.foreColour(), 0xFF8080u);
-    EXPECT_TRUE(nextLabel.underlined());
-    EXPECT_EQ(pages().page(), 1);  // the press alone does not turn the page
+    os.boxes.answers = {box::Ok, box::No, box::Yes};
+    next(3);
+    EXPECT_EQ(lastBox(), "You didn't choose an anti-virus software exe.  We recommend that you get one to take full "
+                         "advantage of Tarvelon");
+    release(form.Label3);  // Cancel acts on the click, not on the release
+    form.Label3.userClick();
+    EXPECT_TRUE(form.visible());
+    form.Label3.userClick();
+    EXPECT_FALSE(form.visible());
+    EXPECT_EQ(wizard.page(), 3);
+}
 
-    form().desc.userMouseMove();
-    EXPECT_EQ(pages().hoverNumber(), 0);
-    for (const Control* label : {&nextLabel, &backLabel, &cancelLabel}) {
-        EXPECT_EQ(label->foreColour(), kBlack);
-        EXPECT_FALSE(label->underlined());
+// Next, Back and Cancel light up under the mouse, blue and underlined with the
+// others plain; a press turns a label light blue; the text makes all plain.
+TEST_F(Wizard, LabelsLightUnderTheMouse) {
+    open();
+    next();
+    EXPECT_EQ(wizard.hoverNumber(), 6);
+    Control* const labels[] = {&form.Label2, &form.Label3, &form.Label1};  // hover numbers 1, 2, 3
+    for (int number = 1; number <= 3; ++number) {
+        labels[number - 1]->userMouseMove();
+        EXPECT_EQ(wizard.hoverNumber(), number);
+        for (const Control* label : labels) EXPECT_EQ(label->underlined(), label == labels[number - 1]);
+        EXPECT_EQ(labels[number - 1]->foreColour(), kBlue);
     }
-    nextLabel.userClick();  // a click is no release
-    EXPECT_EQ(pages().page(), 1);
-}
-
-// The question and Yes are the keyboard scenario's.
-TEST_F(Wizard, CancelAsksAndOnlyNoKeepsTheWizard) {
-    open();
-    os.boxes.answers = {box::No};
-    release(form().Label3);
-    form().Label3.userClick();
-    EXPECT_EQ(os.boxes.shown.size(), 1u);
-    EXPECT_TRUE(form().visible());
-    EXPECT_EQ(pages().hoverNumber(), 6);
-    os.boxes.answers = {box::Yes};
-    form().Label3.userClick();
-    EXPECT_FALSE(form().visible());
+    form.Label1.userMouseDown();
+    form.Label1.userClick();  // neither the press nor a click turns the page
+    EXPECT_EQ(form.Label1.foreColour(), 0xFF8080u);
+    EXPECT_EQ(wizard.page(), 1);
+    form.desc.userMouseMove();
+    EXPECT_EQ(wizard.hoverNumber(), 0);
+    for (const Control* label : labels) EXPECT_TRUE(label->foreColour() == kBlack && !label->underlined());
 }
 
 TEST_F(Wizard, LocateAndHelpFillTheFirstScannerInBothForms) {
     open();
     next();
     os.shell.fileChoices = {"C:\\Panda\\PAVCL.COM"};
-    form().locate.userClick();
-    EXPECT_EQ(form().vpath.caption(), "C:\\Panda\\PAVCL.COM");
-    EXPECT_EQ(form().varg.caption(), "/NSB /NOM /AUT");
-    EXPECT_EQ(app.scannerChoice().Text6.caption(), "/NSB /NOM /AUT");
-    EXPECT_EQ(app.scannerChoice().Text5.caption(), "C:\\AV\\scan.exe");
-    EXPECT_TRUE(os.boxes.shown.empty());
-
-    // A cancelled box empties the path all the same.
-    form().locate.userClick();
-    EXPECT_EQ(form().vpath.caption(), "");
-    EXPECT_EQ(form().varg.caption(), " ");
-
+    form.locate.userClick();
+    EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "C:\\Panda\\PAVCL.COM|/NSB /NOM /AUT");
+    EXPECT_EQ(app.scannerChoice().Text5.caption() + "|" + app.scannerChoice().Text6.caption(),
+              "C:\\AV\\scan.exe|/NSB /NOM /AUT");
+    form.locate.userClick();  // cancelled: the path is emptied all the same
+    EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "| ");
     app.scannerChoice().cButton1.userClick();  // the catalogue left open for the second scanner
-    form().helpme.userClick();
+    form.helpme.userClick();
     EXPECT_TRUE(app.scannerCatalogue().visible());
     EXPECT_EQ(app.scannerCatalogue().tag, "");
+}
+
+// Unlike the settings page, the wizard keeps a shortcut that is there already
+// while Auto-Load stays on; a scanner that is gone is saved as the placeholder.
+TEST_F(Wizard, SaveMakesTheSettingsFileAgainAndKeepsAutoLoad) {
+    open();
+    ASSERT_TRUE(os.files.remove(ctx.settFile));  // deleted meanwhile: made anew before the writes
+    form.aload.userSetValue(1);
+    click(form.Command2, {box::Ok});
+    EXPECT_EQ(*os.files.content(ctx.settFile), newSettingsFileText());
+    EXPECT_EQ(os.profiles.written.front(), "Tarvelon|settings=1,0,1,0,1,0,1,0");
+    ASSERT_EQ(os.shortcuts.links.size(), 1u);
+    EXPECT_EQ(os.shortcuts.links[0].first, "C:\\Startup\\Tarvelon.lnk");
+
+    os.files.put("C:\\Startup\\Tarvelon.lnk", "kept");
+    open();
+    form.vpath.userEditText("C:\\Gone\\scan.exe");
+    click(form.Command2, {box::Ok, box::Ok});
+    EXPECT_EQ(os.boxes.shown.at(1).prompt, kNoScannerMessage);
+    EXPECT_EQ(os.profiles.written.back(), "Tarvelon|antivirus=Anti-Virus Software| ");
+    EXPECT_EQ(*os.files.content("C:\\Startup\\Tarvelon.lnk"), "kept");
+    EXPECT_EQ(os.shortcuts.links.size(), 1u);
+    open();
+    form.aload.userSetValue(0);
+    click(form.Command2, {box::Ok, box::Ok});
+    EXPECT_EQ(os.files.content("C:\\Startup\\Tarvelon.lnk"), nullptr);
 }
 
 }  // namespace

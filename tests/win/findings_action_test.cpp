@@ -104,7 +104,7 @@ TEST_F(FindingsActionTest, ScannerThatCannotStartLeavesReportAndBaselinesAlone) 
 
 TEST_F(FindingsActionTest, LockedDataFileKeepsItsBaselineAndTheBackupStaysUsable) {
     // Another program reads the data file and shares it for reading only: the copy to the backup
-    // still works, the rewrite fails quietly, and the custom folder's file is updated as usual.
+    // still works, the rewrite fails and is told of, and the custom folder's file is updated as usual.
     writeEntry(ctx, ctx.settFile, "antivirus", path("av\\scan.exe") + "|", "Tarvelon");
     HANDLE reader = INVALID_HANDLE_VALUE;
     host.action = [this, &reader] {
@@ -113,8 +113,11 @@ TEST_F(FindingsActionTest, LockedDataFileKeepsItsBaselineAndTheBackupStaysUsable
         ASSERT_NE(reader, INVALID_HANDLE_VALUE);
         action.label12Click();
     };
+    boxes.answers = {box::Ok};
     logOnRunWithFiveFindings();
     ::CloseHandle(reader);
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_TRUE(boxes.shown[0].prompt.starts_with("Tarvelon could not write\r\n" + ctx.intFile + "\r\n"));
     EXPECT_EQ(readFile("Data\\Integrity.dat"), oldSystem);
     EXPECT_EQ(readFile("Data\\integrity.bak"), oldSystem);
     EXPECT_EQ(readIni(ctx, path("Data\\3.dat"), "t.dll", "DLL"), hash::getChecksum(ctx, path("tools\\t.dll")) + "*E");

@@ -1,0 +1,192 @@
+// The reports in Data\Log\ over files in memory: the name and line writeLog
+// makes, and the log browser's tree, report page, scan and deletions. A real
+// report folder listed, a report opened, handed to the fake scanners and
+// deleted are the end-to-end scenario's.
+#include "logging/log_browser_page.h"
+#include "logging/write_log.h"
+#include "tests/ui/app_fixture.h"
+
+namespace tv {
+namespace {
+
+using test::Texts;
+
+class Reports : public test::AppTest {
+protected:
+    Reports() : AppTest({{"antivirus=", "antivirus=C:\\AV\\a.exe|/x"}}) {
+        os.files.makeFolder("C:\\Tarvelon\\Data\\Log");
+        window.settings.Check7.setValue(1);  // Auto-Logging
+    }
+    void report(const std::string& name, std::string content = "Heading,C:\\A.DLL\r\n") {
+        os.files.put(folder + name, std::move(content));
+    }
+    bool there(const std::string& name) const { return os.files.content(folder + name) != nullptr; }
+    Texts tree() const {
+        Texts paths;
+        for (std::size_t node = 0; node < tree_.nodes().size(); ++node) paths.push_back(tree_.fullPath(node));
+        return paths;
+    }
+    void select(const std::string& fullPath) {
+        for (std::size_t node = 0; node < tree_.nodes().size(); ++node)
+            if (tree_.fullPath(node) == fullPath) return tree_.userSelectNode(node);
+        FAIL() << "no node " << fullPath;
+    }
+    void open(const std::string& fullPath) {
+        page.cReports.userClick();
+        select(fullPath);
+        page.cViewReport.userClick();
+    }
+
+    const std::string folder = "C:\\Tarvelon\\Data\\Log\\";
+    ui::LogBrowserPage& page = window.logBrowser;
+    ui::Control& tree_ = page.TreeView2;
+    const Texts& list = window.report.List4.items();
+};
+
+// The regional date with "/" made "-" and each part but the last padded, the
+// time without blanks and with "_" for ":". A blank in a path makes two fields.
+TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
+    for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
+                                           {"1-5-9", "11:59:59 AM", "01-05-9(11_59_59AM)"},
+                                           {"2006.03.05", "13:04:07", "2006.03.05(13_04_07)"},
+                                           {"3//5", "a b:c", "03--5(ab_c)"}}) {
+        os.clock.now = {date, time};
+        EXPECT_EQ(logFileName(ctx), folder + name + ".log");
+    }
+    std::string blanks = "Heading,\"C:\\A B.DLL\" C:\\C.DLL ", nothing = "Heading,no files here", heading = "H,";
+    ASSERT_EQ(writeLog(ctx, blanks), LogOutcome::Written);
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,C:\\A,B.DLL,C:\\C.DLL\r\n");
+    EXPECT_EQ(blanks, "Heading,C:\\A,B.DLL,C:\\C.DLL");  // the caller's text is changed
+    EXPECT_EQ(writeLog(ctx, nothing), LogOutcome::Skipped);  // no "." in it: no file either
+    window.settings.Check7.setValue(0);
+    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(ctx.scanLogged, 0);
+    ctx.shutAction = 1;  // a secure shut-down learns of the files even with logging off
+    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(ctx.scanLogged, 1);
+    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Written);  // forced: the heading alone
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "H,\r\n");
+    os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
+    os.boxes.answers = {box::Ok};
+    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Failed);  // and the user is told, once
+    EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
+}
+
+// A date is padded as in the report's name; a time gets its colons and its
+// blank before AM or PM. The nodes come as the folder lists the names: here
+// its folders first, then its files by name.
+TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
+    os.files.makeFolder(folder + "03-07-2006(1_00_00AM).log");  // listed like a report
+    for (const char* name : {"03-05-2006(3_04_07PM).log", "3-6-2006(9_15_00AM).LOG", "2006.03.08(13_04_07).log",
+                             "a(b)c(d).log", "notes.log", "readme.txt", "x(.log", "y(3_04_07pm).log"})
+        report(name);  // no "(": no date; no ")": no time; "am" and "pm" are no marks
+    page.cReports.userClick();
+    EXPECT_EQ(tree(), (Texts{"03-07-2006", "03-07-2006\\1:00:00 AM", "03-05-2006", "03-05-2006\\3:04:07 PM",
+                             "2006.03.08", "2006.03.08\\13:04:07", "03-06-2006", "03-06-2006\\9:15:00 AM", "a",
+                             "a\\b", "x", "x\\", "y", "y\\3:04:07pm"}));
+    std::string offered;  // View Log, on a node without "-" only, until a node opens or closes
+    for (const char* node : {"03-05-2006\\3:04:07 PM", "03-05-2006", "2006.03.08", "x\\"}) {
+        select(node);
+        offered += page.cViewReport.enabled() ? "1" : "0";
+    }
+    tree_.userExpandNode(0, true);
+    EXPECT_EQ(offered + (page.cViewReport.enabled() ? "1" : "0"), "10110");
+
+    // A folder is no report, nor is a padded name that is not there; the notice then stays.
+    os.boxes.answers = {box::Ok, box::Ok};
+    open("03-07-2006\\1:00:00 AM");
+    open("03-06-2006\\9:15:00 AM");  // made again as "03-06-2006(9_15_00AM).log"
+    EXPECT_EQ(os.boxes.shown.size(), 2u);
+    EXPECT_EQ(lastBox(), "Error - This report does not exist and could not be opened.");
+    EXPECT_TRUE(page.Label26.visible() && !window.repF.visible());
+}
+
+// The first empty field ends the list, a CR LF is a comma, a report of any
+// size is read in one pass; one of its heading alone starts no scanner.
+TEST_F(Reports, ReportPageListsTheHeadingAndTheFilesForTheScanners) {
+    std::string big = "Heading";
+    while (big.size() < 4u << 20) big += ",C:\\WINDOWS\\system32\\file" + std::to_string(big.size()) + ".dll";
+    for (const auto& [content, fields] : {std::pair<std::string, Texts>{" H , A \r\nB,,C", {"H", "A", "B"}},
+                                          {"H,A\nB\r\r\nC", {"H", "A\nB\r", "C"}},
+                                          {std::string(9, ','), {}},
+                                          {std::string(64, '\0'), {std::string(64, '\0')}}}) {
+        report("03-05-2006(3_04_07PM).log", content);
+        open("03-05-2006\\3:04:07 PM");
+        EXPECT_EQ(list, fields);
+    }
+    report("03-05-2006(3_04_07PM).log", big + "\r\n");
+    open("03-05-2006\\3:04:07 PM");
+    EXPECT_EQ(list.size(), static_cast<std::size_t>(std::count(big.begin(), big.end(), ',')) + 1);
+    EXPECT_EQ(list.back(), big.substr(big.rfind(',') + 1));
+    EXPECT_TRUE(window.repF.visible() && !page.Label26.visible() && !window.setFq.visible());
+    window.report.cX.userClick();
+    EXPECT_TRUE(window.setFq.visible() && !window.repF.visible());
+
+    report("03-05-2006(3_04_08PM).log", "Heading\r\n");
+    page.cReports.userClick();
+    select("03-05-2006\\3:04:08 PM");
+    tree_.userDoubleClick();  // a double click on a time opens it too
+    click(window.report.cScnLog, {box::Ok});
+    EXPECT_TRUE(os.processes.started.empty());
+    EXPECT_EQ(lastBox(), "Anti-Virus program executed successfully!");
+    report("03-05-2006(3_04_07PM).log");
+    open("03-05-2006\\3:04:07 PM");
+    os.processes.refuse = true;  // the scan ends with the first scanner's path
+    click(window.report.cScnLog, {box::Ok});
+    EXPECT_EQ(lastBox(), "Your Anti-Virus program could not be executed!!!\rPlease verify the path of the software:\r"
+                         "C:\\AV\\a.exe");
+}
+
+TEST_F(Reports, GoOnTheUsersWordAndTheTreeIsLoadedAgain) {
+    for (const char* name : {"03-05-2006(1_00_00AM).log", "03-05-2006(3_00_00AM).log", "03-06-2006(2_00_00AM).log",
+                             "03-06-2006(4_00_00AM).log", "03-08-2006(.log"})
+        report(name);
+    open("03-05-2006\\1:00:00 AM");
+    click(window.report.cDelLog, {box::No});
+    EXPECT_TRUE(window.repF.visible() && there("03-05-2006(1_00_00AM).log"));
+
+    // The Delete key: No leaves the tree alone, any other key loads it again.
+    report("03-07-2006(1_00_00AM).log");
+    select("03-06-2006\\2:00:00 AM");
+    os.boxes.answers = {box::No, box::Yes};
+    tree_.userKeyDown(ui::key::Delete);
+    EXPECT_EQ(lastBox(), "Delete Log Entry?");
+    EXPECT_EQ(tree_.nodes().size(), 8u);
+    tree_.userKeyDown('A');
+    EXPECT_EQ(tree_.nodes().size(), 10u);
+    select("03-07-2006\\1:00:00 AM");
+    tree_.userKeyDown(ui::key::Delete);  // Yes: that report goes, and its date with it
+    EXPECT_EQ(tree_.nodes().size(), 8u);
+    select("03-08-2006\\");
+    tree_.userKeyDown(ui::key::Delete);  // a node without text takes no keys
+    EXPECT_EQ(os.boxes.shown.size(), 3u);
+
+    // A folder listed with two dates mixed: a date takes its own times only.
+    tree_.clearNodes();
+    for (const auto& [parent, key, text] : {std::tuple{"", "a", "03-06-2006"}, {"a", "b", "2:00:00 AM"},
+                                            {"", "c", "03-05-2006"}, {"c", "d", "3:00:00 AM"},
+                                            {"a", "e", "4:00:00 AM"}})
+        tree_.addNode(parent, key, text);
+    select("03-06-2006");
+    os.boxes.answers = {box::Yes};
+    tree_.userKeyDown(ui::key::Delete);
+    EXPECT_EQ(lastBox(), "Delete All Logs on this (03-06-2006) Date?");
+    EXPECT_EQ(tree(), (Texts{"03-05-2006", "03-05-2006\\1:00:00 AM", "03-05-2006\\3:00:00 AM", "03-08-2006",
+                             "03-08-2006\\"}));
+
+    // Delete All Logs: every report the system lets go, and nothing else.
+    report("readme.txt");
+    os.files.locked.insert("C:\\TARVELON\\DATA\\LOG\\03-05-2006(3_00_00AM).LOG");
+    click(page.cButton3, {box::No});
+    EXPECT_EQ(tree_.nodes().size(), 5u);
+    click(page.cButton3, {box::Yes});
+    EXPECT_EQ(lastBox(), "Are you sure you want to delete all the logs?");
+    EXPECT_TRUE(tree_.nodes().empty());
+    EXPECT_TRUE(there("readme.txt") && there("03-05-2006(3_00_00AM).log") && !there("03-08-2006(.log"));
+    os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
+    page.cReports.userClick();  // no folder: no tree
+    EXPECT_TRUE(tree_.nodes().empty());
+}
+
+}  // namespace
+}  // namespace tv

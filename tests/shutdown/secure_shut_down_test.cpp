@@ -1,0 +1,176 @@
+// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the
+// sequence between them with a wininit.ini of the test's own, scanners and power actions recorded and
+// the count-down's timer ticked by the test. The end-to-end journey walks the windows themselves.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "avshell/scanner_choice_form.h"
+#include "logging/write_log.h"
+#include "regwatch/registry_text.h"
+#include "shutdown/power_off.h"
+#include "shutdown/secure_shut_down.h"
+#include "tests/core/fakes.h"
+
+namespace tv {
+namespace {
+
+using namespace std::string_literals;
+using Lines = std::vector<std::string>;
+
+// The session manager's key, whose pending renames (REG_MULTI_SZ) every query finds.
+struct PendingRenames final : test::NoRegistry {
+    std::string value;
+    long openKey(std::uint32_t, const std::string&, Key& key) override { return key = 1, 0; }
+    long queryValue(Key, const std::string&, std::string& buffer, std::uint32_t& type, std::uint32_t& size) override {
+        buffer.replace(0, value.size(), value), type = 7, size = static_cast<std::uint32_t>(value.size());
+        return 0;
+    }
+};
+
+// The rest of the program, each call recorded with the status line it found.
+struct RecordingShutdownHost final : ShutdownHost {
+    const ui::Control* status = nullptr;
+    Lines calls;
+    void record(const char* what) { calls.push_back(what + (": " + status->caption())); }
+    void startIntegrityScan() override { record("scan"); }
+    void runRegistryPass() override { record("pass"); }
+    void scanAndUpdateWarnings() override { record("update"); }
+    void endProgram() override { record("end"); }
+};
+
+class SecureShutDownTest : public ::testing::Test {
+protected:
+    SecureShutDownTest() {
+        os.files.folders.insert({"C:\\WINDOWS", "C:\\P", "C:\\TARVELON\\DATA\\LOG"});
+        ctx.appPath = "C:\\Tarvelon\\";
+        ctx.quoteChar = "\"";
+        ctx.autoLogging = &logging;
+        logging.setValue(1);
+        scanners.Text5.setCaption("one.exe");
+        scanners.Text6.setCaption("/x");
+        List5.setItems({kWarningsHeading, kNoWarnings});
+        host.status = &sd.sProg.Label2;
+    }
+    Lines started() const {
+        Lines lines;
+        for (const auto& [line, style] : os.processes.started) lines.push_back(line);
+        return lines;
+    }
+    long exits(const std::string& call) const { return std::count(os.power.calls.begin(), os.power.calls.end(), call); }
+
+    test::FakePlatform os;
+    PendingRenames registry;
+    AppContext ctx{{os.files, os.profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, registry, os.clock,
+                    os.windows, os.power, os.shortcuts}};
+    ui::Control logging{ui::Kind::FlatCheck, "Check7", nullptr, {}, "Auto-Logging"};
+    ui::Control List5{ui::Kind::ListBox, "List5", nullptr, {}, ""};
+    ui::ScannerChoiceForm scanners;
+    RecordingShutdownHost host;
+    SecureShutDown sd{ctx, scanners, List5, host};
+    ui::LogoffForm& dialog = sd.frmLogoff;
+    ui::ShutdownProgressForm& progress = sd.sProg;
+};
+
+TEST_F(SecureShutDownTest, EachChoiceStartsTheSequenceWhichEndsAtOnceWhenNothingWasFound) {
+    // The keyboard presses the plain pictures, the mouse the lit ones over them.
+    const std::pair<ui::Control*, int> choices[] = {{&dialog.Image2, 1}, {&dialog.Image4, 8}, {&dialog.Image6, 2},
+                                                    {&dialog.Image1, 1}, {&dialog.Image3, 8}, {&dialog.Image5, 2},
+                                                    {&dialog.Label2, 0}};  // Log Off... asks what Hibernate asks
+    for (const auto& [target, action] : choices) {
+        host.calls.clear();
+        target->userClick();
+        EXPECT_EQ(ctx.shutAction, action) << target->name();
+        EXPECT_EQ(host.calls, Lines{"scan: Status: Scanning Files..."}) << target->name();
+    }
+    EXPECT_TRUE(ctx.autoLoadRun && !dialog.visible() && progress.visible());
+    dialog.userKeyDown(ui::key::Shift);
+    dialog.userKeyDown('A');  // another key going down changes nothing
+    dialog.Image2.userClick();
+    EXPECT_EQ(ctx.shutAction, 0);  // Hibernate
+    dialog.userKeyUp('A');  // any key coming up, SHIFT still held or not
+    EXPECT_EQ(dialog.Label4.caption(), "Standby");
+    dialog.Image3.userMouseMove();  // the picture under the mouse lights up, the form puts it to rest
+    dialog.Label1.userMouseMove();
+    EXPECT_TRUE(dialog.Image4.visible() && !dialog.Image2.visible() && dialog.Label1.foreColour() == ui::kWhite);
+    dialog.userMouseMove();
+    EXPECT_FALSE(dialog.Image4.visible() || dialog.Label1.foreColour() == ui::kWhite);
+
+    host.calls.clear();
+    sd.sequence.preShut2();  // the hidden scan's end: nothing pending, found or logged
+    EXPECT_EQ(host.calls, Lines{"pass: Status: Scanning Registry..."});
+    EXPECT_EQ(progress.Label2.caption(), "Status: All scans completed.  No suspicious files found!");
+    EXPECT_EQ(os.power.calls, (Lines{"privilege", "state 0 1"}));
+    EXPECT_TRUE(progress.ProgressBar1.value() == 0  // no source: the bar does not move
+                && !progress.Command1.visible() && started().empty() && !os.files.content(logFileName(ctx)));
+    dialog.Label1.userClick();  // Cancel
+    EXPECT_EQ(host.calls.back(), "end: Status: All scans completed.  No suspicious files found!");
+}
+
+TEST_F(SecureShutDownTest, PowerActionsForceHungProgramsFromWindows2000OnAndAllBefore) {
+    const struct { Power::Version version; std::int16_t action; Lines calls; } cases[] = {
+        {{2, 5}, 1, {"privilege", "state 1 1"}}, {{2, 5}, 0, {"privilege", "state 0 1"}},  // standby, hibernate
+        {{2, 5}, 2, {"privilege", "exit 19 4294967295"}}, {{2, 4}, 2, {"privilege", "exit 7 4294967295"}},  // restart
+        {{2, 5}, 8, {"privilege", "exit 25 4294967295"}}, {{1, 4}, 8, {"privilege", "exit 13 4294967295"}},  // turn off
+        // Log off, on an older system with its force added to the force it has.
+        {{2, 5}, 4, {"privilege", "exit 20 4294967295"}}, {{2, 4}, 4, {"privilege", "exit 8 4294967295"}},
+        {{1, 4}, 4, {"privilege", "kill desktop", "exit 8 4294967295"}},
+        {{2, 5}, 3, {"privilege", "exit 16 4294967295"}},  // no one chooses it: nothing but the force
+    };
+    for (const auto& c : cases) {
+        os.power.calls.clear();
+        os.power.answer = c.version;
+        shutDown(ctx, c.action);
+        EXPECT_EQ(os.power.calls, c.calls) << c.action << " on " << c.version.platformId << "." << c.version.major;
+    }
+}
+
+TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxCanStop) {
+    for (const char* name : {"old.dll", "a.x", "b.x", "c.x"}) os.files.put("C:\\P\\"s + name, name);
+    os.files.folders.insert("C:\\P\\FOLDER.TMP");
+    // Files that are gone and folders are left out; the second scanner runs
+    // whenever it is set up, the first only with files.
+    os.files.put("C:\\WINDOWS\\wininit.ini", "NUL=C:\\P\\old.dll\r\nx=C:\\P\\gone.dll\r\nNUL=C:\\P\\folder.tmp");
+    scanners.Text1.setCaption("two.exe");
+    scanners.Text2.setCaption("-y");
+    // The pending renames go in runs of passCount files. A file already in the run being built is
+    // not taken again; one that is gone counts all the same.
+    registry.value = "\\??\\C:\\P\\a.x\0\\??\\C:\\P\\a.x\0\\??\\C:\\P\\gone.x\0\\??\\C:\\P\\b.x\0\\??\\C:\\P\\c.x\0\0"s;
+    ctx.passCount = 2;
+    List5.setItems({kWarningsHeading, "HKEY_CURRENT_USER|Loaded in \\Tv (C:\\tv.exe) New Entry!"});
+    dialog.Image6.userClick();  // Restart
+    EXPECT_EQ(started(),
+              (Lines{"one.exe /x \"C:\\P\\old.dll\" ", "two.exe -y \"C:\\P\\old.dll\" ", "one.exe /x \"C:\\P\\a.x\" ",
+                     "two.exe -y \"C:\\P\\a.x\" ", "one.exe /x \"C:\\P\\b.x\" \"C:\\P\\c.x\" ",
+                     "two.exe -y \"C:\\P\\b.x\" \"C:\\P\\c.x\" "}));
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "The following Files were scanned as a precaution (being renamed or "
+                                                   "deleted from the Registry),C:\\P\\a.x,C:\\P\\b.x,C:\\P\\c.x\r\n");
+    EXPECT_EQ(progress.ProgressBar1.value(), 100);
+    os.files.put("C:\\WINDOWS\\wininit.ini", "NUL=C:\\P\\gone.dll");
+    registry.value.clear();  // no pending value: the bar stays where wininit.ini left it
+    sd.sequence.checkWinInit();
+    EXPECT_EQ(started().back() + std::to_string(progress.ProgressBar1.value()), "two.exe -y 50");
+
+    sd.sequence.preShut2();
+    EXPECT_EQ(progress.Label2.caption(), "Status: Some files were scanned...Shutting Down in 2 minutes");
+    EXPECT_TRUE(progress.Command1.visible() && progress.ProgressBar1.maximum() == 120);
+    os.boxes.answers = {box::No};
+    progress.userClose();  // "Cancel Shutdown?": No goes on
+    EXPECT_EQ(os.boxes.shown.at(0).style, box::YesNo);
+    EXPECT_EQ(host.calls.back(), "update: Status: Found Modified Registry Entries...");  // scanned without a question
+    for (int tick = 1; tick < 120; ++tick) dialog.Timer1.userTick();
+    EXPECT_TRUE(os.power.calls.empty() && progress.ProgressBar1.value() == 119);
+    dialog.Timer1.userTick();
+    EXPECT_EQ(os.power.calls, (Lines{"privilege", "exit 19 4294967295"}));
+    // Refused, the action is tried through the third minute and then no more.
+    for (int tick = 121; tick <= 200; ++tick) dialog.Timer1.userTick();
+    EXPECT_EQ(exits("exit 19 4294967295"), 60);
+    progress.Command1.userClick();  // ShutDown Now
+    EXPECT_EQ(exits("exit 19 4294967295"), 61);
+    os.boxes.answers = {box::Yes};
+    progress.userClose();
+    EXPECT_EQ(host.calls.back(), "end: Status: Some files were scanned...Shutting Down in 2 minutes");
+}
+
+}  // namespace
+}  // namespace tv
