@@ -240,6 +240,12 @@ void Win32Renderer::FormWindow::create(HINSTANCE instance) {
     if (const int dpi = windowDpi(hwnd); dpi != scale.dpi) rescale(dpi, nullptr);
 
     for (const auto& control : form->controls()) createControl(*control, instance);
+    // A group box is made with its frame, before the frame's controls, and a
+    // newer child goes beneath the older ones: the box would sit above the
+    // controls it surrounds, and they, clipped against it, would never show.
+    for (const auto& [control, child] : windows)
+        if (HWND group = control->kind() == Kind::Frame ? ::GetDlgItem(child, kGroupBoxId) : nullptr)
+            ::SetWindowPos(group, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     form->setSink([this](ui::Form&, ui::FormProp what) { mirrorForm(what); });
     if (form->visible()) mirrorForm(ui::FormProp::Visible);
 }

@@ -6,6 +6,7 @@
 
 #include "core/settings_text.h"
 #include "core/text.h"
+#include "integrity/scan_window.h"
 
 namespace tv::test {
 namespace {
@@ -254,6 +255,11 @@ int ScriptedBoxes::show(const std::string& prompt, const std::string& title, uns
     const int answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+std::string scanFigures(const ui::ScanWindow& window) {
+    return window.Label6.caption() + " " + window.Label7.caption() + " " + window.Label8.caption() + " " +
+           window.Label9.caption();
 }
 
 void prepareProgramFolder(FakePlatform& os, AppContext& ctx,

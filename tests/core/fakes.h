@@ -14,9 +14,13 @@
 #include "core/platform_set.h"
 #include "integrity/scan_host.h"
 
+namespace tv::ui {
+class ScanWindow;
+}
+
 namespace tv::test {
 
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
 public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
@@ -275,6 +279,9 @@ public:
         return succeed;
     }
 };
+
+// The scan window's figures: files scanned, passing, new and failed.
+std::string scanFigures(const ui::ScanWindow& window);
 
 // One complete set of stand-ins.
 struct FakePlatform {

@@ -3,9 +3,10 @@
 // checked at the next start, the data file holds byte for byte what one system
 // write per entry leaves, and the journal beside it is gone.
 #include "core/primary_scan_file.h"
+#include "core/settings_store.h"
 #include "integrity/baseline_build.h"
 #include "integrity/check_int_file.h"
-#include "tests/win/scan_fixture.h"
+#include "tests/win/win_fixture.h"
 
 namespace tv::test {
 namespace {
@@ -37,7 +38,20 @@ std::string blank() {
                               "p.pif,", "s.scr,"});
 }
 
-TEST_F(ScanDriverTest, PrimaryScanEntriesAreWhatTheSystemWritesAfterAnyEntryAndAfterTheEnd) {
+class PrimaryScanFile : public WinTest {
+protected:
+    PrimaryScanFile() {
+        files.makeFolder(path("Data"));
+        ctx.appPath = path("");
+        ctx.settFile = path("Data\\Tarvelon.dat");
+        ctx.algoName = "crc32";
+        checkSettFile(ctx);
+    }
+    AppContext ctx{set()};
+    RecordingHost host;
+};
+
+TEST_F(PrimaryScanFile, EntriesAreWhatTheSystemWritesAfterAnyEntryAndAfterTheEnd) {
     for (std::size_t cut = 0; cut <= kCount; ++cut) {
         const std::string reference = "ref" + std::to_string(cut) + ".dat";
         writeFile(reference, blank());

@@ -1,0 +1,197 @@
+// The checksum engines against published answers and against one another, the
+// program's engine rules, and the checksum text of a file.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "hash/checksum.h"
+#include "hash/crc16.h"
+#include "hash/crc32.h"
+#include "hash/crc_engine.h"
+#include "hash/digests.h"
+#include "hash/file_checksum.h"
+#include "hash/hash_engine.h"
+#include "tests/core/fakes.h"
+
+namespace tv::hash {
+namespace {
+
+const std::uint8_t* bytes(const std::string& s) { return reinterpret_cast<const std::uint8_t*>(s.data()); }
+
+std::string digestHex(DigestKind kind, const std::string& input, BlockFunction blocks = nullptr) {
+    Digest d(kind, blocks);
+    d.update(bytes(input), input.size());
+    std::string text;
+    for (auto b : d.finish()) text += {"0123456789abcdef"[b >> 4], "0123456789abcdef"[b & 15]};
+    return text;
+}
+
+TEST(KnownAnswers, EveryEngineAndEveryFastForm) {
+    const std::string digits80 = "12345678901234567890123456789012345678901234567890123456789012345678901234567890";
+    for (const auto& [input, crc] : std::initializer_list<std::pair<std::string, std::uint32_t>>{
+             {"123456789", 0xCBF43926u}, {"", 0u}, {"a", 0xE8B7BE43u},
+             {"The quick brown fox jumps over the lazy dog", 0x414FA339u}})
+        EXPECT_EQ(~crc32Update(0xFFFFFFFFu, bytes(input), input.size()), crc) << input;
+    EXPECT_EQ(crc16Update(0, bytes("123456789"), 9), 0x31C3u);
+    const std::tuple<DigestKind, std::string, const char*> digests[] = {
+        {DigestKind::Md4, "", "31d6cfe0d16ae931b73c59d7e0c089c0"},
+        {DigestKind::Md4, "abc", "a448017aaf21d8525fc10ae87aa6729d"},
+        {DigestKind::Md4, "message digest", "d9130a8164549fe818874806e1c7014b"},
+        {DigestKind::Md4, digits80, "e33b4ddc9c38f2199c3e7b164fcc0536"},
+        {DigestKind::Md5, "", "d41d8cd98f00b204e9800998ecf8427e"},
+        {DigestKind::Md5, "abc", "900150983cd24fb0d6963f7d28e17f72"},
+        {DigestKind::Md5, "message digest", "f96b697d7cb7938d525a2f31aaf161d0"},
+        {DigestKind::Md5, digits80, "57edf4a22be3c955ac49da2e2107b67a"}};
+    for (const auto& [kind, input, hex] : digests) EXPECT_EQ(digestHex(kind, input), hex) << input;
+    for (BlockFunction form : {sha1BlocksPortable, sha1BlocksShaNi()}) {
+        if (!form) continue;
+        EXPECT_EQ(digestHex(DigestKind::Sha1, "abc", form), "a9993e364706816aba3e25717850c26c9cd0d89d");
+        EXPECT_EQ(digestHex(DigestKind::Sha1, "abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq", form),
+                  "84983e441c3bd26ebaae4aa1f95129e5e54670f1");
+        EXPECT_EQ(digestHex(DigestKind::Sha1, std::string(1000000, 'a'), form),
+                  "34aa973cd4c4daa4f61eeb2bdbad27316534016f");
+    }
+}
+
+// Every fast form against the plainest one, over lengths around the block and
+// folding boundaries, odd alignments, and each input split at random points.
+TEST(KnownAnswers, FastFormsAndSplitInputsAgreeWithThePlainestForm) {
+    std::mt19937 random(20261122);
+    std::vector<std::uint8_t> data(70000);
+    for (auto& b : data) b = static_cast<std::uint8_t>(random());
+    std::vector<std::size_t> lengths{0, 1, 15, 16, 17, 55, 56, 63, 64, 65, 127, 128, 255, 256, 511, 512, 513, 1023, 4096, 65536};
+    for (int i = 0; i < 40; ++i) lengths.push_back(random() % 69000);
+    const auto cutsOf = [&](std::size_t length) {
+        std::vector<std::size_t> cuts{0};
+        while (cuts.back() < length) cuts.push_back(std::min(length, cuts.back() + 1 + random() % 700));
+        return cuts;
+    };
+    std::vector<Crc32Function> crcForms{crc32Slice16, crc32Update};
+    for (Crc32Function form : {crc32FoldXmm(), crc32FoldYmm()})
+        if (form) crcForms.push_back(form);
+    for (std::size_t length : lengths) {
+        for (std::size_t offset : {0, 1, 7, 13}) {
+            const std::uint8_t* p = data.data() + offset;
+            const std::uint32_t expected = crc32Bytewise(0x12345678u, p, length);
+            for (std::size_t f = 0; f < crcForms.size(); ++f) {
+                ASSERT_EQ(crcForms[f](0x12345678u, p, length), expected) << f << " length " << length << "+" << offset;
+                const auto cuts = cutsOf(length);
+                std::uint32_t state = 0x12345678u;
+                for (std::size_t i = 1; i < cuts.size(); ++i) state = crcForms[f](state, p + cuts[i - 1], cuts[i] - cuts[i - 1]);
+                ASSERT_EQ(state, expected) << f << " split, length " << length;
+            }
+        }
+        const std::string input(data.begin() + 3, data.begin() + 3 + length);
+        if (sha1BlocksShaNi()) {
+            ASSERT_EQ(digestHex(DigestKind::Sha1, input, sha1BlocksShaNi()),
+                      digestHex(DigestKind::Sha1, input, sha1BlocksPortable)) << length;
+        }
+        for (DigestKind kind : {DigestKind::Md4, DigestKind::Md5, DigestKind::Sha1}) {
+            Digest whole(kind), pieces(kind);
+            whole.update(bytes(input), input.size());
+            const auto cuts = cutsOf(length);
+            for (std::size_t i = 1; i < cuts.size(); ++i) pieces.update(bytes(input) + cuts[i - 1], cuts[i] - cuts[i - 1]);
+            ASSERT_EQ(whole.finish(), pieces.finish()) << length;
+        }
+    }
+}
+
+TEST(Engines, CrcRegisterCarriesOverAndTheHashKeepsItsAlgorithmRules) {
+    CrcEngine crc;
+    EXPECT_EQ(std::to_string(crc.algorithm()) + " " + std::to_string(crc.value()), "-1 0");
+    crc.calculateString("12345");
+    EXPECT_EQ(crc.calculateString("6789"), static_cast<std::int32_t>(0xCBF43926u));  // negative
+    EXPECT_EQ(crc.addBytes(nullptr, 0), std::nullopt);
+    EXPECT_EQ(crc.value(), static_cast<std::int32_t>(0xCBF43926u));
+    crc.setValue(0x12345678);  // stored as it is, read complemented
+    EXPECT_EQ(crc.value(), static_cast<std::int32_t>(~0x12345678u));
+    crc.setAlgorithm(0);  // CRC-16 by 0 only
+    EXPECT_EQ(std::to_string(crc.algorithm()) + " " + std::to_string(crc.value()), "0 0");
+    EXPECT_EQ(crc.addString("123456789"), 0x31C3);
+    crc.setAlgorithm(5);
+    EXPECT_EQ(std::to_string(crc.algorithm()) + " " + std::to_string(crc.value()), "-1 0");
+
+    HashEngine none;
+    none.setHashAlgorithm(3);
+    none.createHash();
+    EXPECT_FALSE(none.hashData(bytes("abc"), 3));
+    none.readDigest();
+    EXPECT_EQ(none.getDigestedData(1), "");
+    HashEngine md5;
+    md5.setHashAlgorithm(1);
+    md5.setHashAlgorithm(7);  // out of range: ignored
+    md5.setHashAlgorithm(3);  // leaves the algorithm
+    EXPECT_EQ(md5.hashAlgorithm(), 3);
+    md5.createHash();
+    ASSERT_TRUE(md5.hashData(bytes("abc"), 3));
+    md5.readDigest();
+    EXPECT_EQ(md5.getDigestedData(0), "90\t01\t50\t98\t3C\tD2\t4F\tB0\tD6\t96\t3F\t7D\t28\tE1\t7F\t72\t");
+    md5.destroyHash();
+    EXPECT_EQ(md5.getDigestedData(1), "");
+    const std::vector<std::uint8_t> d{0x0A, 0xFF, 0x00};
+    EXPECT_EQ(digestText(d, 0), "0A\tFF\t00\t");
+    EXPECT_EQ(digestText(d, 1), "102550");
+    EXPECT_EQ(digestText(d, 2), std::string("\x0a\xff\0", 3));
+    EXPECT_EQ(digestText(d, 3), "");
+}
+
+class FileChecksum : public ::testing::Test {
+protected:
+    FileChecksum() {
+        ctx.appPath = "C:\\T\\";
+        ctx.readBuffer = 4;
+    }
+    std::string file(std::string content) {
+        os.files.put("C:\\f.bin", std::move(content));
+        return "C:\\f.bin";
+    }
+    std::string checksum(const char* algorithm, const std::string& content) {
+        ctx.algoName = algorithm;
+        return getChecksum(ctx, file(content));
+    }
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+};
+
+TEST_F(FileChecksum, TextsByAlgorithmNameAndTheDataFilesTheyGoTo) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"md5", "14418015260210791762141506312540225127114"},
+        {"SHA1", "1691536254716129106186623711312080194108156208216157"},
+        {"Md4", "16472112217533216829519310232122166114157"},
+        {"crc32", "352441C2"}, {"", "352441C2"}, {" crc32 ", ""}, {"sha-1", ""}, {"x", ""}};
+    for (const auto& [algorithm, text] : cases) EXPECT_EQ(checksum(algorithm, "abc"), text) << algorithm;
+    EXPECT_EQ(checksum("crc32", ""), "0");
+    EXPECT_EQ(checksum("md5", ""), "");
+    EXPECT_EQ(hexText(0x00ABCDEF) + hexText(0), "ABCDEF0");
+    const std::pair<const char*, const char*> names[] = {
+        {" crc32 ", "Integrity.dat"}, {"sha-1", "Integrity-sha-1.dat"}, {" MD5", "Integrity-md5.dat"}};
+    for (const auto& [algorithm, name] : names) {
+        ctx.algoName = algorithm;
+        setDatName(ctx);
+        EXPECT_EQ(ctx.intFile, std::string("C:\\T\\Data\\") + name);
+    }
+    EXPECT_EQ(getCustomDat(ctx, 7), "C:\\T\\Data\\7-md5.dat");
+    ctx.algoName = "";
+    EXPECT_EQ(getCustomDat(ctx, 20), "C:\\T\\Data\\20.dat");
+}
+
+TEST_F(FileChecksum, OnePumpTestPerFullBufferAndAZeroBufferBecomesTheDefault) {
+    os.loop.queueAnswer = 0x00040004;  // a mouse button is waiting
+    CrcEngine crc;
+    EXPECT_EQ(calculateFile2(ctx, crc, file("123456789")), static_cast<std::int32_t>(0xCBF43926u));
+    EXPECT_EQ(std::make_pair(os.loop.statusQueries, os.loop.pumps), std::make_pair(2, 2));  // 4 + 4, then a tail of 1
+    os.loop.statusQueries = 0;
+    calculateFile2(ctx, crc, file("12345678"));  // an exact multiple: the last full buffer is the tail
+    EXPECT_EQ(os.loop.statusQueries, 1);
+    os.loop.queueAnswer = 0;  // only timers: no pump
+    calculateFile2(ctx, crc, file("123456789"));
+    EXPECT_EQ(os.loop.pumps, 3);
+    ctx.readBuffer = 0;
+    EXPECT_EQ(checksum("crc32", "123456789"), "CBF43926");
+    EXPECT_EQ(ctx.readBuffer, 65536);
+    ctx.readBuffer = -1;
+    EXPECT_EQ(checksum("crc32", "123456789"), "0");
+}
+
+}  // namespace
+}  // namespace tv::hash

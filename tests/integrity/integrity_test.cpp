@@ -1,0 +1,303 @@
+// The integrity data files over in-memory files: their cut into blocks, their
+// load and look-ups, the blank baseline of a folder, one comparison pass, the
+// look-ups of the update in the lists of findings, and a save that a crash may
+// stop at any step.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "hash/checksum.h"
+#include "integrity/baseline_build.h"
+#include "integrity/check_int_file.h"
+#include "integrity/compare_pass.h"
+#include "integrity/data_file.h"
+#include "integrity/data_file_text.h"
+#include "integrity/pending_list_index.h"
+#include "integrity/scan_window.h"
+#include "tests/core/fakes.h"
+
+namespace tv {
+namespace {
+
+constexpr const char* kFile = "C:\\T\\Data\\Integrity.dat";
+constexpr const char* kSystem = "C:\\WINDOWS\\SYSTEM32\\";
+
+std::string blankFile(const std::string& dllLines = "") {
+    std::string text = std::string(kDataFileHeader) + "\r\n";  // the empty line a fresh build leaves
+    for (const char* name : {"DLL", "DRV", "386", "SYS", "OCX", "EXE", "COM", "PIF", "SCR"})
+        text += std::string("[") + name + "]\r\n" + (name == std::string("DLL") ? dllLines : "") + "NULL*E\r\n";
+    return text;
+}
+
+TEST(DataFileText, NineBlocksEachFromItsHeadToTheNextAndNoTenth) {
+    const auto split = splitDataFile(blankFile("KERNEL32.DLL=ABC*E\r\n"));
+    ASSERT_EQ(split.blockCount, 9);
+    EXPECT_EQ(split.blocks.text[0].text(), "[DLL]\r\nKERNEL32.DLL=ABC*E\r\nNULL*E\r\n");
+    EXPECT_EQ(split.blocks.name[2], "386");
+    EXPECT_EQ(split.blocks.text[8].text(), "[SCR]\r\nNULL*E\r\n");
+    const std::string text = blankFile("KERNEL32.DLL=ABC*E\r\n");
+    EXPECT_EQ(dataFileText(split.blocks), std::string(kDataFileHeader) + text.substr(text.find('[')));
+    EXPECT_EQ(blankDataFileText({}), blankFile());
+    for (const std::string& headless : {std::string(), std::string(kDataFileHeader), std::string("no heads\r\n")}) {
+        const auto none = splitDataFile(headless);
+        EXPECT_EQ(none.blockCount, 0);
+        for (const auto& block : none.blocks.text) EXPECT_TRUE(block.empty());
+    }
+    std::string ten;
+    for (int i = 1; i <= 10; ++i) ten += "[S" + std::to_string(i) + "]\r\nX" + std::to_string(i) + "=1*E\r\nNULL*E\r\n";
+    const auto nine = splitDataFile(ten);
+    EXPECT_EQ(nine.blocks.name[8], "S9");
+    EXPECT_EQ(nine.blocks.text[8].entry("X9") + nine.blocks.text[8].entry("X10"), "1");
+    EXPECT_EQ(findSectionNumber(nine.blocks, "S10"), 0);
+    // A name beginning with "[" splits its section; a head without "]" ends the names.
+    const auto cut = splitDataFile("[DLL]\r\nA.DLL=1*E\r\n[x].dll=2*E\r\nNULL*E\r\n[DRV]\r\nNULL*E\r\n");
+    EXPECT_EQ(cut.blocks.name[0] + cut.blocks.name[1] + cut.blocks.name[2], "DLLxDRV");
+    EXPECT_EQ(cut.blocks.text[0].text(), "[DLL]\r\nA.DLL=1*E\r\n");
+    EXPECT_FALSE(splitDataFile("[DLL\r\nA=1*E\r\n").named);
+    // A comma in a name splits its entry in the blank baseline.
+    SectionNameLists lists;
+    lists[0] = "A.DLL,odd,name.dll,";
+    EXPECT_EQ(splitDataFile(blankDataFileText(lists)).blocks.text[0].text(),
+              "[DLL]\r\nA.DLL=NULL*E\r\nodd=NULL*E\r\nname.dll=NULL*E\r\nNULL*E\r\n");
+}
+
+class DataFile : public ::testing::Test {
+protected:
+    DataFile() {
+        os.files.folders = {"C:\\T", "C:\\T\\DATA", "C:\\WINDOWS", "C:\\WINDOWS\\SYSTEM32", "D:\\TOOLS"};
+        ctx.appPath = "C:\\T\\";
+        ctx.intFile = kFile;
+        ctx.algoName = "CRC32";
+        ctx.readBuffer = 65536;
+        window.pb2max.setCaption("4");
+    }
+    std::string crcOf(const std::string& content) {
+        os.files.put("C:\\crc.tmp", content);
+        return hash::getChecksum(ctx, "C:\\crc.tmp");
+    }
+    // One pass over the system directory (or the custom folder) against a
+    // baseline of DLL, EXE and COM files.
+    void pass(SectionBlocks& baseline, const std::string& dll, const std::string& exe, const std::string& com,
+              int type, const char* ext1, const char* ext2, const char* planned) {
+        baseline = splitDataFile("[DLL]\r\n" + dll + "NULL*E\r\n[EXE]\r\n" + exe + "NULL*E\r\n[COM]\r\n" + com +
+                                 "NULL*E\r\n").blocks;
+        ctx.scan.passType = static_cast<std::int16_t>(type);
+        window.pb1max.setCaption(planned);
+        integrityChecker2(ctx, window, ext1, ext2);
+    }
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    ui::ScanWindow window;
+};
+
+TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmpty) {
+    os.files.put(kFile, blankFile("Kernel32.dll= 1A2B *E\r\nA=B.DLL=7*E\r\n"));
+    ASSERT_TRUE(loadIntFile(ctx, kFile));
+    EXPECT_EQ(getEntry(ctx, kFile, "KERNEL32.DLL", "dll"), "1A2B");
+    EXPECT_EQ(getEntry(ctx, kFile, "A=B.DLL", "DLL"), "7");
+    for (const char* section : {"DRV", "TXT"}) EXPECT_EQ(getEntry(ctx, kFile, "KERNEL32.DLL", section), "");
+    EXPECT_EQ(getEntry(ctx, kFile, "NULL", "DLL"), "");
+    EXPECT_EQ(os.loop.pumps, 9 + 4);  // one per block cut, one per look-up in a known section
+    os.files.remove(kFile);
+    ASSERT_TRUE(loadIntFile(ctx, kFile));
+    EXPECT_EQ(*os.files.content(kFile), "");
+    EXPECT_EQ(findSection(ctx, ""), 1);  // nine empty names
+    os.files.locked.insert("C:\\T\\DATA\\INTEGRITY.DAT");
+    EXPECT_FALSE(loadIntFile(ctx, kFile));
+}
+
+TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
+    const std::string custom = "C:\\T\\Data\\7-md5.dat";
+    os.files.put("C:\\T\\Data\\7-md5.bak", blankFile());
+    os.boxes.answers = {box::Yes};
+    test::RecordingHost host;
+    ASSERT_TRUE(loadCustomDat(ctx, host, custom));
+    ASSERT_TRUE(loadCustomDat(ctx, host, custom));  // there now: no question
+    ASSERT_EQ(os.boxes.shown.size(), 1u);
+    EXPECT_EQ(os.boxes.shown[0].prompt, "The data file is missing! Would you like to use the backup?");
+    EXPECT_EQ(os.boxes.shown[0].title, ".Dat file Missing!");
+    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_EQ(findCustomSection(ctx, "scr"), 9);
+}
+
+TEST_F(DataFile, WalkSortsOneLevelIntoSectionsByTheLastFourCharacters) {
+    const std::pair<const char*, int> names[] = {{"A.DLL", 1}, {"a.dll", 1}, {".DLL", 1}, {"vmm.386", 3},
+                                                 {"x.Scr", 9}, {"X.DLL.BAK", 0}, {"DLL", 0}};
+    for (const auto& [name, section] : names) EXPECT_EQ(sectionOfName(name), section) << name;
+    os.files.folders.insert("C:\\SYS");
+    os.files.makeFolder("C:\\Sys\\Sub.dll");  // a folder with such a name counts like a file
+    os.files.makeFolder("C:\\Sys\\deeper");
+    for (const char* name : {"deeper\\inner.dll", "Kernel32.DLL", "notes.txt", "run.exe"})
+        os.files.put(std::string("C:\\Sys\\") + name, "");
+    const auto lists = walkFolder(ctx, "C:\\Sys\\");
+    EXPECT_TRUE(lists[0] == "Kernel32.DLL,Sub.dll," || lists[0] == "Sub.dll,Kernel32.DLL,") << lists[0];
+    EXPECT_EQ(lists[5], "run.exe,");
+    EXPECT_EQ(os.loop.pumps, 5);  // every entry but "." and ".."
+    EXPECT_EQ(walkFolder(ctx, "C:\\Missing\\"), SectionNameLists{});
+}
+
+TEST_F(DataFile, PassSortsFilesIntoPassingNewAndFailedInTheirOwnSections) {
+    for (const auto& [name, content] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"same.dll", "same"}, {"changed.dll", "now"}, {"fresh.dll", "new"}, {"Blank.DLL", "blank"},
+             {"readme.txt", "no pass file"}, {"x.EXE", "exe"}, {"x.com", "com"}, {"a.pif", "a"}, {"b.scr", "b"}})
+        os.files.put(kSystem + std::string(name), content);
+    pass(ctx.section, "SAME.DLL=" + crcOf("same") + "*E\r\nchanged.dll=" + crcOf("before") + "*E\r\nblank.dll=NULL*E\r\n",
+         "", "", 1, ".DLL", "...", "4");
+    EXPECT_EQ(test::scanFigures(window), "4 1 2 1");
+    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 1));
+    EXPECT_EQ(window.caption() + " " + window.percentLabels[0]->caption() + " " + window.pbm.caption(),
+              "100% AutoCheck 100% 4");
+    auto items = window.List1.items();
+    std::sort(items.begin(), items.end());
+    EXPECT_EQ(items, (std::vector<std::string>{std::string(kSystem) + "Blank.DLL *NEW*", std::string(kSystem) + "changed.dll",
+                                               std::string(kSystem) + "fresh.dll *NEW*"}));
+    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "changed.dll " + crcOf("now") + ","), std::string::npos);
+    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "Blank.DLL " + crcOf("blank") + ","), std::string::npos);
+    EXPECT_EQ(ctx.scan.customFailList, "");
+
+    // Both extensions of a pass, each in its own section; a changed folder runs over 100%.
+    pass(ctx.section, "", "X.EXE=" + crcOf("exe") + "*E\r\n", "x.com=" + crcOf("other") + "*E\r\n", 5, ".EXE", ".COM", "2");
+    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 2));
+    EXPECT_EQ(window.Label6.caption() + " " + window.pbm.caption() + " " + window.caption(), "6 6 150% AutoCheck");
+
+    // A planned total that is no 16-bit number leaves the pass's percentage at 0%.
+    std::vector<std::string> percents;
+    window.percentLabels[5]->setCaption("100%");
+    window.percentLabels[5]->setSink([&](ui::Control& c, ui::Prop) { percents.push_back(c.caption()); });
+    pass(ctx.section, "", "", "", 6, ".PIF", ".SCR", "40000");
+    EXPECT_EQ(percents, (std::vector<std::string>{"0%", "100%"}));  // 0% through both files
+    EXPECT_EQ(ctx.scan.newCount, 4);
+}
+
+TEST_F(DataFile, CustomFolderPassUsesItsOwnBaselineAndList) {
+    os.files.put("D:\\TOOLS\\tool.exe", "tool");
+    os.files.put("D:\\TOOLS\\gone.dll", "changed");
+    ctx.customFolder = "D:\\Tools";
+    ctx.scan.customIndex = 7;
+    pass(ctx.custom, "GONE.DLL=" + crcOf("original") + "*E\r\n", "", "", 1, ".DLL", "...", "1");
+    pass(ctx.custom, "", "", "", 5, ".EXE", ".COM", "1");
+    EXPECT_EQ(ctx.scan.failList, "");
+    EXPECT_EQ(ctx.scan.customFailList,
+              "D:\\Tools\\gone.dll(7) " + crcOf("changed") + ",D:\\Tools\\tool.exe(7) " + crcOf("tool") + ",");
+}
+
+// The index answers as the plain search of "," + path + mark does, on random
+// lists of few letters, commas, blanks and marks, whose paths overlap, hold the
+// mark and contain one another.
+TEST(PendingListIndex, AgreesWithThePlainSearch) {
+    const auto plain = [](const std::string& list, const std::string& path, char mark) -> std::size_t {
+        const std::size_t at = list.find("," + path + mark);
+        return at == std::string::npos ? 0 : at + 1;
+    };
+    const std::string fixed = "C:\\S\\A.DLL(3) 1,C:\\S\\B.DLL(3) 2,C:\\S\\A.DLL(4) 3,";
+    EXPECT_EQ(PendingListIndex(fixed, '(').afterComma("C:\\S\\A.DLL"), 32u);  // the first entry has no comma before it
+    std::mt19937 random(7);
+    auto randomPath = [&] {
+        std::string path;
+        for (int n = 1 + static_cast<int>(random() % 6); n > 0; --n) path += "ab,( .\\"[random() % 7];
+        return path;
+    };
+    for (int round = 0; round < 2000; ++round) {
+        const char mark = round % 2 ? '(' : ' ';
+        std::string list;
+        std::vector<std::string> paths;
+        for (int n = static_cast<int>(random() % 8); n > 0; --n) {
+            paths.push_back(randomPath());
+            list += paths.back() + (mark == '(' ? "(1) X," : " X,");
+        }
+        const PendingListIndex index(list, mark);
+        for (int probe = 0; probe < 10; ++probe) paths.push_back(randomPath());
+        for (const auto& path : paths) ASSERT_EQ(index.afterComma(path), plain(list, path, mark)) << list << " | " << path;
+    }
+}
+
+// Files that stop for good at their n-th change and leave that change half done,
+// as a crash or a power loss in the middle of a save would.
+class CrashingFiles final : public test::MemoryFiles {
+public:
+    explicit CrashingFiles(int crashAt) : crashAt(crashAt) {}
+    int crashAt;
+    bool crashed = false;
+    bool writeAll(const std::string& p, std::string_view b) override {
+        return change([&] { return MemoryFiles::writeAll(p, b); }, [&] { MemoryFiles::writeAll(p, half(b)); });
+    }
+    bool writeThrough(const std::string& p, std::string_view b) override { return writeAll(p, b); }
+    bool append(const std::string& p, std::string_view b) override {
+        return change([&] { return MemoryFiles::append(p, b); }, [&] { MemoryFiles::append(p, half(b)); });
+    }
+    bool copy(const std::string& from, const std::string& to) override {
+        const auto text = readAll(from);
+        return change([&] { return text && MemoryFiles::writeAll(to, *text); },
+                      [&] { if (text) MemoryFiles::writeAll(to, half(*text)); });
+    }
+    bool makeFolder(const std::string& p) override { return change([&] { return MemoryFiles::makeFolder(p); }, [] {}); }
+    bool remove(const std::string& p) override { return change([&] { return MemoryFiles::remove(p); }, [] {}); }
+    bool moveOver(const std::string& from, const std::string& to) override {
+        return change([&] { return MemoryFiles::moveOver(from, to); }, [] {});
+    }
+
+private:
+    static std::string_view half(std::string_view bytes) { return bytes.substr(0, bytes.size() / 2); }
+    bool change(const std::function<bool()>& whole, const std::function<void()>& halfDone) {
+        if (crashed) return false;
+        if (++changes_ < crashAt) return whole();
+        halfDone();
+        crashed = true;
+        return false;
+    }
+    int changes_ = 0;
+};
+
+// Every start after a crash at any step of a save loads a whole baseline, the
+// former or the new one, and asks nothing; the save takes three steps: the
+// backup, the new text beside the file, its move into place.
+TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
+    const std::string before = std::string(kDataFileHeader) + "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n[EXE]\r\nNULL*E\r\n";
+    for (const bool custom : {false, true}) {
+        const std::string dataFile = custom ? "C:\\T\\Data\\7-md5.dat" : kFile;
+        for (int crashAt = 1;; ++crashAt) {
+            SCOPED_TRACE((custom ? "custom, crash at change " : "system, crash at change ") + std::to_string(crashAt));
+            ASSERT_LT(crashAt, 20) << "the save never ended";
+            test::FakePlatform os;
+            CrashingFiles disk(crashAt);
+            disk.folders = {"C:\\T", "C:\\T\\DATA"};
+            disk.put(dataFile, before);
+            disk.put(backupName(dataFile), std::string(kDataFileHeader) + "[DLL]\r\nA.DLL=0*E\r\nNULL*E\r\n");
+            AppContext ctx({disk, os.profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, os.registry,
+                            os.clock, os.windows, os.power, os.shortcuts});
+            ctx.appPath = "C:\\T\\";
+            ctx.intFile = kFile;
+            ctx.section = ctx.custom = splitDataFile(before).blocks;
+            writeEntryToBlocks(custom ? ctx.custom : ctx.section, "EXE", "B.EXE", "2*E");
+            const std::string after = dataFileText(custom ? ctx.custom : ctx.section);
+            const bool saved = custom ? saveCustomDat(ctx, dataFile) : saveIntFile(ctx);
+
+            const bool crashed = disk.crashed;
+            disk.crashed = false;  // the next start finds the disk whole again
+            disk.crashAt = 1 << 30;
+            ctx.section.clear();
+            ctx.custom.clear();
+            test::RecordingHost host;
+            if (custom) {
+                loadCustomDat(ctx, host, dataFile);
+            } else {
+                checkIntFile(ctx, host);
+                loadIntFile(ctx, kFile);
+            }
+            const std::string loaded = dataFileText(custom ? ctx.custom : ctx.section);
+            EXPECT_TRUE(loaded == before || loaded == after) << loaded;
+            EXPECT_TRUE(os.boxes.shown.empty());
+            if (!crashed) {
+                EXPECT_TRUE(saved);
+                EXPECT_EQ(loaded, after);
+                EXPECT_FALSE(disk.length(pendingName(dataFile)));
+                EXPECT_EQ(crashAt, 4);
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tv
