@@ -5,6 +5,7 @@
 #include "avshell/scanner_choice_form.h"
 #include "avshell/scanner_launch.h"
 #include "core/file_utils.h"
+#include "core/folder_search.h"
 #include "core/text.h"
 #include "ui/main_actions.h"
 
@@ -13,8 +14,19 @@ namespace {
 
 constexpr int kNoAssociation = 31;  // no program is set up for web pages
 
-constexpr const char* kSearchNotice =
-    "Tarvelon may become unresponsive during the file search. This is normal.\r\rClick OK to continue.";
+constexpr const char* kSearchCaption = "Search for this Selection...";
+constexpr const char* kStopCaption = "Cancel";
+constexpr std::size_t kShownFolderChars = 56;  // what one line of the form holds
+
+// A folder too long for its line keeps its drive and its last folders, so
+// that the line says both where the search is and how deep.
+std::string shownFolder(const std::string& folder) {
+    if (folder.size() <= kShownFolderChars) return folder;
+    std::string tail = folder.substr(folder.size() - (kShownFolderChars - 6));
+    if (const std::size_t cut = tail.find('\\'); cut != std::string::npos) tail.erase(0, cut);
+    return folder.substr(0, 3) + "..." + tail;
+}
+
 constexpr const char* kNotFound =
     "The default executable for this program was not found! Make sure you selected the correct anti-virus "
     "program, and the correct operating system.";
@@ -55,18 +67,31 @@ void ScannerCatalogue::show(const std::string& tag) {
     form_.setVisible(true);
 }
 
-// The system's search holds the program until it ends, which is why the
-// notice comes first; the first hit below Program Files wins, and only when
-// there is none is the whole drive searched.
+// The first hit below Program Files wins; only when there is none is the
+// rest of the drive searched, Program Files not again. The window lives on
+// meanwhile: what could change the search's target waits, and a search that
+// is stopped leaves the form as it was before.
 void ScannerCatalogue::search() {
+    if (searching_) {
+        stopAsked_ = true;
+        return;
+    }
     if (form_.List1.value() < 0) return;
     form_.Text2.setEnabled(false);
-    ctx_.os.boxes.show(kSearchNotice, kAppTitle, box::OkOnly);
     const std::string program = catalogueProgram(form_.List1.selectedText());
+    const std::string before = form_.Text2.caption();
+    const bool testable = form_.Command2.enabled(), usable = form_.Command3.enabled();
+    holdDuringSearch(true);
     form_.Text2.setCaption("Searching...");
-    std::string found = findInTree(ctx_, getSpecialFolder(ctx_, kProgramFilesFolder), program);
-    if (trimBlanks(found).empty()) found = findInTree(ctx_, "C:\\", program);
-    if (trimBlanks(found).empty()) {
+    FolderSearch tree(ctx_, [this](const std::string& folder) { return lookingIn(folder); });
+    std::string found = tree.findInTree(getSpecialFolder(ctx_, kProgramFilesFolder), program);
+    if (trimBlanks(found).empty()) found = tree.findInTree("C:\\", program);
+    holdDuringSearch(false);
+    form_.Command2.setEnabled(testable);
+    form_.Command3.setEnabled(usable);
+    if (tree.stopped()) {
+        form_.Text2.setCaption(before);
+    } else if (trimBlanks(found).empty()) {
         ctx_.os.boxes.show(kNotFound, kAppTitle, box::OkOnly);
         form_.Text2.setCaption("");
         form_.Command2.setEnabled(false);
@@ -77,6 +102,24 @@ void ScannerCatalogue::search() {
         form_.Command2.setEnabled(true);
     }
     form_.Text2.setEnabled(true);
+}
+
+bool ScannerCatalogue::lookingIn(const std::string& folder) {
+    form_.Label4.setCaption("Looking in " + shownFolder(folder));
+    ctx_.os.loop.pump();
+    return !stopAsked_;
+}
+
+// While a search runs its button stops it, by a click or Esc, and the list,
+// Test It! and Use It! wait.
+void ScannerCatalogue::holdDuringSearch(bool held) {
+    searching_ = held;
+    stopAsked_ = false;
+    form_.Command4.setCaption(held ? kStopCaption : kSearchCaption);
+    form_.cancelButton = held ? &form_.Command4 : nullptr;
+    form_.defaultButton = held ? nullptr : &form_.Command4;
+    for (Control* waiting : {&form_.List1, &form_.Command2, &form_.Command3}) waiting->setEnabled(!held);
+    if (!held) form_.Label4.setCaption("");
 }
 
 void ScannerCatalogue::test() {
@@ -112,6 +155,7 @@ void ScannerCatalogue::notListed() {
 // Closing the form forgets it: the next opening is a new form, for the first
 // scanner unless told otherwise.
 void ScannerCatalogue::unload() {
+    stopAsked_ = searching_;
     form_.tag.clear();
     form_.setVisible(false);
     loaded_ = false;

@@ -29,7 +29,10 @@ public:
     // tag); after the form was closed it comes back as new.
     void show(const std::string& tag);
 
-    void search();     // Command4
+    // Command4: searches for the chosen product's program, first below
+    // Program Files, then below the rest of C:\; while it searches, the
+    // button (and Esc) stops it.
+    void search();
     void test();       // Command2
     void use();        // Command3
     void notListed();  // Command1
@@ -37,12 +40,16 @@ public:
 
 private:
     void formLoad();
+    bool lookingIn(const std::string& folder);
+    void holdDuringSearch(bool held);
 
     AppContext& ctx_;
     ScannerCatalogueForm& form_;
     ScannerChoiceForm& choice_;
     std::function<WizardFields()> wizard_;
     bool loaded_ = false;
+    bool searching_ = false;
+    bool stopAsked_ = false;
 };
 
 }  // namespace tv::ui

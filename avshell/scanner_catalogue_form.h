@@ -20,6 +20,7 @@ public:
     Control& List1;     // the catalogue
     Control& Command4;  // Search for this Selection...
     Control& Text2;     // the path found
+    Control& Label4;    // where a search is looking
     Control& Label2;
     Control& Command2;  // Test It!
     Control& Label3;

@@ -26,6 +26,13 @@ void putScannerSetting(const std::optional<std::string>& setting, Control& progr
     arguments.setCaption(trimBlanks(midText(*setting, bar + 1)));
 }
 
+void putSavedScanners(const AppContext& ctx, ScannerChoiceForm& form) {
+    const bool keepFirst = form.firstChanged(), keepSecond = form.secondChanged();
+    if (!keepFirst) putScannerSetting(getSetting(ctx, "ANTIVIRUS"), form.Text5, form.Text6);
+    if (!keepSecond) putScannerSetting(getSetting(ctx, "AV2"), form.Text1, form.Text2);
+    form.settle(!keepFirst, !keepSecond);
+}
+
 std::string chooseScannerFile(AppContext& ctx, NativeWindow owner) {
     return openFileBox(ctx, owner, "Choose Anti-Virus Executable File", kScannerFilter);
 }
@@ -37,15 +44,16 @@ ScannerChoice::ScannerChoice(AppContext& ctx, ScannerChoiceForm& form, Links lin
     form_.chlpFind.onClick = [this] { links_.showCatalogue(""); };
     form_.cButton1.onClick = [this] { links_.showCatalogue("1"); };
     form_.cButton3.onClick = [this] { save(); };
-    // Cancel undoes nothing: the fields keep what was typed.
-    form_.cButton2.onClick = form_.onUnload = [this] { form_.setVisible(false); };
+    // Cancel undoes nothing at once: the fields keep what was typed until the
+    // saved settings are loaded again.
+    form_.cButton2.onClick = form_.onUnload = [this] {
+        form_.settle();
+        form_.setVisible(false);
+    };
     form_.onMouseMove = [this] { norms(); };
 }
 
-void ScannerChoice::formLoad() {
-    putScannerSetting(getSetting(ctx_, "ANTIVIRUS"), form_.Text5, form_.Text6);
-    putScannerSetting(getSetting(ctx_, "AV2"), form_.Text1, form_.Text2);
-}
+void ScannerChoice::formLoad() { putSavedScanners(ctx_, form_); }
 
 // The arguments of a new first scanner replace whatever was typed. The wizard
 // takes them as well, but not Panda's.
@@ -84,7 +92,11 @@ void ScannerChoice::save() {
     const WriteCheck written(ctx_);
     writeEntry(ctx_, ctx_.settFile, "antivirus", form_.Text5.caption() + "|" + form_.Text6.caption(), "Tarvelon");
     writeEntry(ctx_, ctx_.settFile, "av2", form_.Text1.caption() + "|" + form_.Text2.caption(), "Tarvelon");
-    if (written.allWritten()) ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
+    // Fields whose write failed keep counting as unsaved changes.
+    if (written.allWritten()) {
+        form_.settle();
+        ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
+    }
     form_.setVisible(false);
 }
 

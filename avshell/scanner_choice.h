@@ -1,7 +1,8 @@
 // What s_avir does: the program and arguments of the user's two scanners,
 // chosen in the file box or found in the catalogue, and saved as "antivirus"
-// and "av2". What is typed stays in the fields until the next loading, saved
-// or not: the Secure Shut Down sequence reads its scanners from them.
+// and "av2". What is typed stays in the fields until it is saved, or given up
+// with Cancel and the saved settings are loaded again: the Secure Shut Down
+// sequence reads its scanners from them.
 #pragma once
 
 #include <functional>
@@ -24,6 +25,11 @@ class ScannerChoiceForm;
 // A setting without "|" leaves the program field as it was; an unreadable one
 // (nullopt) changes nothing.
 void putScannerSetting(const std::optional<std::string>& setting, Control& program, Control& arguments);
+
+// The saved scanners ("antivirus", "av2") into the form's fields, each unless
+// its fields hold unsaved changes: a later Save then stores what the user
+// made, never the scanner that was saved before.
+void putSavedScanners(const AppContext& ctx, ScannerChoiceForm& form);
 
 // The file box in which a scanner's program is chosen, owned by `owner`: the
 // chosen file, or empty text when the box was cancelled.

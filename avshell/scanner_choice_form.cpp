@@ -31,6 +31,20 @@ ScannerChoiceForm::ScannerChoiceForm()
       cButton2(add(Kind::FlatButton, "cButton2", {372, 232, 96, 28}, "Cancel")) {
     defaultButton = &cButton3;
     cancelButton = &cButton2;
+    settle();
+}
+
+bool ScannerChoiceForm::firstChanged() const {
+    return Text5.caption() != settled_[0] || Text6.caption() != settled_[1];
+}
+
+bool ScannerChoiceForm::secondChanged() const {
+    return Text1.caption() != settled_[2] || Text2.caption() != settled_[3];
+}
+
+void ScannerChoiceForm::settle(bool first, bool second) {
+    if (first) settled_[0] = Text5.caption(), settled_[1] = Text6.caption();
+    if (second) settled_[2] = Text1.caption(), settled_[3] = Text2.caption();
 }
 
 }  // namespace tv::ui

@@ -4,6 +4,9 @@
 // use; the Secure Shut Down sequence reads its scanners from these fields.
 #pragma once
 
+#include <array>
+#include <string>
+
 #include "platform/form.h"
 
 namespace tv::ui {
@@ -27,6 +30,18 @@ public:
     Control& cButton1;  // the catalogue, for the second scanner
     Control& cButton3;  // Save
     Control& cButton2;  // Cancel
+
+    // Whether a scanner's fields differ from what the saved settings last
+    // left in them: unsaved changes, typed or handed in by the catalogue, the
+    // file box or the wizard.
+    bool firstChanged() const;
+    bool secondChanged() const;
+    // The fields of both scanners, or of those named, as they stand count as
+    // unchanged: just loaded, saved, or given up with Cancel.
+    void settle(bool first = true, bool second = true);
+
+private:
+    std::array<std::string, 4> settled_;  // Text5, Text6, Text1, Text2
 };
 
 }  // namespace tv::ui

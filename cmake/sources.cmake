@@ -11,6 +11,7 @@ set(TARVELON_CORE_SOURCES
   core/baseline_block.cpp
   core/baseline_text.cpp
   core/file_utils.cpp
+  core/folder_search.cpp
   core/primary_scan_file.cpp
   core/run_switch.cpp
   core/section_blocks.cpp
@@ -54,6 +55,7 @@ set(TARVELON_CORE_SOURCES
   logging/log_browser_page.cpp
   logging/log_names.cpp
   logging/report_fields.cpp
+  logging/unattended_boxes.cpp
   logging/write_log.cpp
   regwatch/file_path_cut.cpp
   regwatch/pending_boot.cpp

@@ -1,5 +1,5 @@
 # The Win32 platform, the program file and the test helpers.
-set(TARVELON_WIN_LIBS comctl32 comdlg32 shell32 ole32 oleaut32 uuid imagehlp gdi32 user32 advapi32 version)
+set(TARVELON_WIN_LIBS comctl32 comdlg32 shell32 ole32 oleaut32 uuid gdi32 user32 advapi32 version)
 
 # Static C and C++ runtime: no DLL beside the program file. ASLR and DEP on.
 set(TARVELON_WIN_LINK -static -static-libgcc -static-libstdc++

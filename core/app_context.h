@@ -52,6 +52,13 @@ struct AppContext {
     bool primaryScan = false;
     // The system's data file while the primary full scan writes to it.
     std::unique_ptr<PrimaryScanFile> primaryScanFile;
+    // Nobody watches this run: a scheduled run from its start, a Secure Shut
+    // Down from the choice on. Its boxes are not shown but written to the
+    // report of unseen messages (`unseenReport`, made at the first, holding
+    // `unseenText`).
+    bool unattended = false;
+    std::string unseenReport;
+    std::string unseenText;
 
     // The baselines in memory: the system directory's, and the custom folder's in hand.
     SectionBlocks section;  // sectionText / sectionName

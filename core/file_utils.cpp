@@ -23,13 +23,6 @@ std::string getSpecialFolder(const AppContext& ctx, int csidl) {
     return withTrailingBackslash(folder);
 }
 
-std::string findInTree(AppContext& ctx, const std::string& root, const std::string& name) {
-    ctx.os.loop.pump();
-    std::string hit = ctx.os.shell.searchTree(root, name);
-    ctx.os.loop.pump();
-    return hit;
-}
-
 std::string openFileBox(AppContext& ctx, NativeWindow owner, const std::string& title,
                         const std::string& filter) {
     return trimBlanks(ctx.os.shell.openFileDialog(owner, title, filter, 257));

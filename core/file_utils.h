@@ -1,5 +1,6 @@
-// Small shared routines over the platform: file presence, the system's folders,
-// the tree search and the two choice dialogs, with the rules callers rely on.
+// Small shared routines over the platform: file presence, the system's folders
+// and the two choice dialogs, with the rules callers rely on. The tree search
+// is core/folder_search.
 #pragma once
 
 #include <string>
@@ -19,10 +20,6 @@ inline constexpr int kProgramFilesFolder = 38;
 // A special folder with a trailing backslash. A folder the system reports as "\"
 // stands for "C:\Program Files\"; one it does not know at all comes back as "\".
 std::string getSpecialFolder(const AppContext& ctx, int csidl = kProgramFilesFolder);
-
-// The first file `name` anywhere below `root`, or empty. Lets pending messages
-// run before and after, since the system's search can take long.
-std::string findInTree(AppContext& ctx, const std::string& root, const std::string& name);
 
 // The open-file dialog owned by `owner`. The chosen file's buffer trimmed of
 // blanks (the zero characters behind the name stay), or empty text on cancel.

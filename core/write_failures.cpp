@@ -13,13 +13,16 @@ std::string unwritableDataMessage(const std::string& appPath) {
            "(\"Run as administrator\") before anyone else uses it.\r\n\r\nClosing.";
 }
 
+// A run nobody watches (a scheduled run, a Secure Shut Down under way) never
+// waits on these boxes: the files keep what they held, and the end is clean.
 void showUnwritableData(AppContext& ctx) {
+    if (ctx.unattended) return;
     ctx.os.boxes.show(unwritableDataMessage(ctx.appPath), kAppTitle, box::OkOnly | box::Exclamation);
 }
 
 void reportFailedWrite(AppContext& ctx, const std::string& file) {
     ++ctx.failedWrites;
-    if (!ctx.filesNotWritten.insert(upperCase(file)).second) return;
+    if (!ctx.filesNotWritten.insert(upperCase(file)).second || ctx.unattended) return;
     ctx.os.boxes.show("Tarvelon could not write\r\n" + file +
                           "\r\n\r\nNothing that was in it before has been lost. Its folder may be write-protected "
                           "or belong to another account, or the disk may be full.",

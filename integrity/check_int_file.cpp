@@ -5,6 +5,7 @@
 #include "core/write_failures.h"
 #include "integrity/baseline_build.h"
 #include "integrity/data_file.h"
+#include "logging/unattended_boxes.h"
 
 namespace tv {
 namespace {
@@ -54,15 +55,17 @@ void checkIntFile(AppContext& ctx, ScanHost& host) {
     if (!fileThere(ctx, ctx.intFile)) {
         const std::string backup = backupName(ctx.intFile);
         if (fileThere(ctx, backup)) {
-            if (ctx.os.boxes.show(kRestoreQuestion, "Missing Integrity.dat file", box::YesNo) == box::Yes) {
+            // Unattended, the backup is restored: the other answer deletes it.
+            if (showOrLog(ctx, kRestoreQuestion, "Missing Integrity.dat file", box::YesNo, box::Yes) == box::Yes) {
                 ctx.os.files.copy(backup, ctx.intFile);
             } else {
                 restartWithoutBackup(ctx, host, backup);
             }
             return;
         }
-        if (ctx.os.boxes.show(kFirstRunQuestion, kAppTitle, box::YesNo) != box::Yes) {
-            ctx.os.boxes.show(kFirstRunRefused, kAppTitle, box::OkOnly);
+        // Only the user can tell that the system is clean enough to be the baseline.
+        if (showOrLog(ctx, kFirstRunQuestion, kAppTitle, box::YesNo, box::No) != box::Yes) {
+            showOrLog(ctx, kFirstRunRefused, kAppTitle, box::OkOnly);
             return;
         }
         buildPrimaryBaseline(ctx, host);

@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "integrity/custom_baseline.h"
 #include "integrity/data_file_text.h"
+#include "logging/unattended_boxes.h"
 
 namespace tv {
 namespace {
@@ -52,9 +53,11 @@ bool loadIntFile(AppContext& ctx, const std::string& path) { return loadInto(ctx
 
 bool loadCustomDat(AppContext& ctx, ScanHost& host, const std::string& path) {
     const std::string backup = backupName(path);
+    // Unattended, the backup is used: the other answer builds a blank baseline
+    // that the next save would also copy over the backup.
     if (!fileThere(ctx, path) && fileThere(ctx, backup) &&
-        ctx.os.boxes.show("The data file is missing! Would you like to use the backup?", ".Dat file Missing!",
-                          box::YesNo) == box::Yes) {
+        showOrLog(ctx, "The data file is missing! Would you like to use the backup?", ".Dat file Missing!",
+                  box::YesNo, box::Yes) == box::Yes) {
         ctx.os.files.copy(backup, path);
     }
     if (!fileThere(ctx, path)) {

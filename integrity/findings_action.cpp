@@ -12,6 +12,7 @@
 #include "integrity/pending_list_index.h"
 #include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
+#include "logging/unattended_boxes.h"
 #include "logging/write_log.h"
 
 namespace tv {
@@ -40,8 +41,15 @@ FindingsAction::FindingsAction(AppContext& ctx, ui::ScanWindow& window, ScanHost
     window_.Label12.onClick = [this] { label12Click(); };
 }
 
-void FindingsAction::showScannerFailure() {
-    ctx_.os.boxes.show(scannerFailureMessage(window_.Text1.caption()), kAppTitle, box::OkOnly);
+// A scheduled run has nobody to read its results: the files stay unaccepted
+// for the next run, and this one ends.
+void FindingsAction::scannerFailed() {
+    showOrLog(ctx_, scannerFailureMessage(window_.Text1.caption()), kAppTitle, box::OkOnly);
+    endUnwatchedRun();
+}
+
+void FindingsAction::endUnwatchedRun() {
+    if (ctx_.unattended && ctx_.shutAction == kNoShutdown) host_.endProgram();
 }
 
 // Walks List1 from its first index to one past its last, so that the last turn
@@ -67,10 +75,10 @@ void FindingsAction::label12Click() {
     if (!scan.customFirstScan) {
         if (window_.Label12.caption() == kCloseCaption) return driver_.command1Click();
         const bool noScanner = !fileThere(ctx_, window_.Text1.caption());
-        if (noScanner) ctx_.os.boxes.show(kNoScanner, kAppTitle, box::OkOnly);
+        if (noScanner) showOrLog(ctx_, kNoScanner, kAppTitle, box::OkOnly);
         std::string all;
         const Handed handed = handToScanners(noScanner, all);
-        if (handed == Handed::ScannerFailed) return showScannerFailure();
+        if (handed == Handed::ScannerFailed) return scannerFailed();
         if (handed == Handed::AllBatches && ctx_.shutAction == kNoShutdown) {
             if (ctx_.primaryBuild) return;
             if (all.empty()) return host_.endProgram();
@@ -78,7 +86,7 @@ void FindingsAction::label12Click() {
         window_.Label13.setCaption("Logging Action...");
         std::string report = (noScanner ? kNoScannerHeading : kScannedHeading) + all;
         // A report that cannot be written was told of; the findings stay unaccepted.
-        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return;
+        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return endUnwatchedRun();
     }
     window_.Label13.setCaption("Updating Integrity File...");
     updateDatFile();

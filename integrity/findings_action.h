@@ -33,7 +33,8 @@ public:
 private:
     enum class Handed { AllBatches, FirstBatchOnly, ScannerFailed };
     Handed handToScanners(bool noScanner, std::string& all);
-    void showScannerFailure();
+    void scannerFailed();
+    void endUnwatchedRun();
 
     AppContext& ctx_;
     ui::ScanWindow& window_;

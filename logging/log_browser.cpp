@@ -19,6 +19,16 @@ constexpr const char* kScanned = "Anti-Virus program executed successfully!";
 // of a time can be taken for a date's.
 std::string dateKey(const std::string& date) { return "|" + date; }
 
+// The keys with which every tree view moves through its nodes and opens and
+// closes them: the tree itself acts on them, and a tree loaded anew would
+// lose the place they move from.
+bool movesInTree(int keyCode) {
+    using namespace ui::key;
+    for (const int moving : {Left, Up, Right, Down, Home, End, PageUp, PageDown, Add, Subtract, Multiply})
+        if (keyCode == moving) return true;
+    return false;
+}
+
 }  // namespace
 
 LogBrowser::LogBrowser(AppContext& ctx, ui::LogBrowserPage& page, ui::ReportPage& report, ui::Control& setFq,
@@ -148,6 +158,7 @@ void LogBrowser::deleteAllLogs() {
 // The tree may have been loaded again while the question was open: the node
 // is looked at anew after the answer.
 void LogBrowser::treeKeyDown(int keyCode) {
+    if (movesInTree(keyCode)) return;
     const ui::Control& tree = page_.TreeView2;
     const std::size_t node = tree.selectedNode();
     if (node == ui::kNoNode || tree.nodes()[node].text.empty()) return;

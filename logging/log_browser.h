@@ -41,8 +41,9 @@ public:
     void deleteReport();
     // cButton3: every report of the folder.
     void deleteAllLogs();
-    // Any key on a selected node loads the tree again; Delete first deletes
-    // the node's reports, on the user's word.
+    // The keys that move through the tree leave it to the tree; any other
+    // key on a selected node loads it again, and Delete first deletes the
+    // node's reports, on the user's word.
     void treeKeyDown(int keyCode);
     // cX: back to the Options page.
     void closeReport();

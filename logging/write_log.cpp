@@ -32,9 +32,9 @@ LogOutcome failedReport(AppContext& ctx, const std::string& file) {
 
 }  // namespace
 
-std::string logFileName(const AppContext& ctx) {
+std::string logFileName(const AppContext& ctx, const std::string& dateTail) {
     const Clock::DateTimeText now = ctx.os.clock.localDateTime();
-    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + "(" + timeText(now.time) + ").log";
+    return ctx.appPath + "Data\\Log\\" + dateText(now.date) + dateTail + "(" + timeText(now.time) + ").log";
 }
 
 LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force) {

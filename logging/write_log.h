@@ -22,7 +22,8 @@ LogOutcome writeLog(AppContext& ctx, std::string& listText, bool force = false);
 
 // "Data\Log\" + date + "(" + time + ").log" under the program's folder, from
 // the system's regional date and time texts: 3/5/2006 and 3:04:07 PM give
-// "03-05-2006(3_04_07PM).log".
-std::string logFileName(const AppContext& ctx);
+// "03-05-2006(3_04_07PM).log". `dateTail` stands behind the date, where the
+// log browser takes it for a part of the date.
+std::string logFileName(const AppContext& ctx, const std::string& dateTail = {});
 
 }  // namespace tv

@@ -55,7 +55,18 @@ struct TreeNode {
 // Key codes of the keyboard, as the system numbers them.
 namespace key {
 inline constexpr int Shift = 16;
+inline constexpr int PageUp = 33;
+inline constexpr int PageDown = 34;
+inline constexpr int End = 35;
+inline constexpr int Home = 36;
+inline constexpr int Left = 37;
+inline constexpr int Up = 38;
+inline constexpr int Right = 39;
+inline constexpr int Down = 40;
 inline constexpr int Delete = 46;
+inline constexpr int Multiply = 106;  // the keypad's *, + and -
+inline constexpr int Add = 107;
+inline constexpr int Subtract = 109;
 }  // namespace key
 
 class Control;

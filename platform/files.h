@@ -8,8 +8,15 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tv {
+
+// One name of a folder's listing, and whether it names a folder.
+struct FolderEntry {
+    std::string name;
+    bool isFolder = false;
+};
 
 // One file open for reading from its start, read in pieces.
 class FileReader {
@@ -107,6 +114,18 @@ public:
 
     // Length in bytes, nullopt when the file cannot be found.
     virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;
+
+    // The whole listing of `folder` (ending in a backslash) in the system's
+    // order, without "." and "..", each name with whether it is a folder;
+    // empty when it cannot be listed (as by a store that keeps no folders).
+    // It has a cursor of its own, so walks may nest it in each other and in
+    // the one-cursor listing above.
+    virtual std::vector<FolderEntry> listFolder(const std::string&) const { return {}; }
+
+    // What the folder itself is on its volume, the same whichever path leads
+    // to it (through a junction or a mounted folder, say); empty text when the
+    // system cannot tell, as on the Windows 9x family.
+    virtual std::string folderIdentity(const std::string&) const { return {}; }
 };
 
 inline std::unique_ptr<FileAppender> Files::openAppender(const std::string& path) {

@@ -1,5 +1,5 @@
-// Switching the machine off, and the system facts that decide how. No result
-// is reported: the program carries on as it was when the system refuses.
+// Switching the machine off, and the system facts that decide how. Each action
+// says whether the system took it.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +12,13 @@ public:
 
     // Enables the shut-down privilege in this process's token.
     virtual void enableShutdownPrivilege() = 0;
-    // ExitWindowsEx(flags, reserved).
-    virtual void exitWindows(std::uint32_t flags, std::uint32_t reserved) = 0;
-    // SetSystemPowerState(suspend, force): suspend true stands by, false hibernates.
-    virtual void setSystemPowerState(bool suspend, bool force) = 0;
+    // ExitWindowsEx(flags, reserved): true when the system has begun to end
+    // the session; false when it refused (no right to shut down, say).
+    virtual bool exitWindows(std::uint32_t flags, std::uint32_t reserved) = 0;
+    // SetSystemPowerState(suspend, force): suspend true stands by, false
+    // hibernates. True once the machine has slept and woken again; false when
+    // the system refused (hibernation turned off, no right to, say).
+    virtual bool setSystemPowerState(bool suspend, bool force) = 0;
 
     // The version record's platform (2 for the NT family) and major version.
     struct Version {

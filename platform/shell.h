@@ -1,7 +1,6 @@
-// The system's folders, short file names, the tree search and the two choice
-// dialogs. Every call gives
-// empty text where the system gives nothing; the program's own rules on top of
-// these answers live with their callers.
+// The system's folders, short file names and the two choice dialogs. Every
+// call gives empty text where the system gives nothing; the program's own
+// rules on top of these answers live with their callers.
 #pragma once
 
 #include <cstdint>
@@ -26,9 +25,6 @@ public:
     // The special folder with this folder number (CSIDL), read into `charCount`
     // zero characters and cut at the first zero; empty when the system has none.
     virtual std::string specialFolder(int csidl, std::size_t charCount) const = 0;
-
-    // The full path of the first file called `name` below `root`, or empty text.
-    virtual std::string searchTree(const std::string& root, const std::string& name) const = 0;
 
     // The open-file dialog. On a choice: the whole file buffer of `bufferChars`
     // characters, the name followed by the zero characters behind it; on cancel

@@ -1,5 +1,6 @@
 #include "shutdown/logoff_dialog.h"
 
+#include "logging/unattended_boxes.h"
 #include "platform/controls.h"
 #include "shutdown/logoff_form.h"
 
@@ -11,9 +12,9 @@ constexpr std::int16_t kHibernate = 0, kStandby = 1, kRestart = 2, kTurnOff = 8;
 
 }  // namespace
 
-LogoffDialog::LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<void()> preShut0,
+LogoffDialog::LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<void()> chosen,
                            std::function<void()> endProgram)
-    : ctx_(ctx), form_(form), preShut0_(std::move(preShut0)), endProgram_(std::move(endProgram)) {
+    : ctx_(ctx), form_(form), chosen_(std::move(chosen)), endProgram_(std::move(endProgram)) {
     form_.Image1.onMouseMove = [this] { form_.Image2.setVisible(true); };
     form_.Image3.onMouseMove = [this] { form_.Image4.setVisible(true); };
     form_.Image5.onMouseMove = [this] { form_.Image6.setVisible(true); };
@@ -37,18 +38,19 @@ LogoffDialog::LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<
     // "Log Off..." asks for the same action as Hibernate.
     form_.Label2.onClick = [this] { choose(kHibernate); };
     form_.Label1.onClick = [this] { endProgram_(); };
+    form_.onUnload = form_.Label1.onClick;  // the close box and Alt+F4 are Cancel
 }
 
 bool LogoffDialog::load() {
     if (!ctx_.os.processes.anotherInstanceRunning()) return true;
-    ctx_.os.boxes.show(kAlreadyRunning, kAppTitle, box::OkOnly);
+    showOrLog(ctx_, kAlreadyRunning, kAppTitle, box::OkOnly);
     endProgram_();
     return false;
 }
 
 void LogoffDialog::choose(std::int16_t action) {
     ctx_.shutAction = action;
-    preShut0_();
+    chosen_();
 }
 
 void LogoffDialog::restAll() {

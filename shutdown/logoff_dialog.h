@@ -1,6 +1,7 @@
 // What the Secure Shut Down dialog does: its pictures light up under the
 // mouse, SHIFT turns Standby into Hibernate, and each choice sets the power
-// action (shutAction) and starts the sequence; Cancel ends the program.
+// action (shutAction) and starts the sequence; Cancel, the close box and
+// Alt+F4 end the program.
 #pragma once
 
 #include <functional>
@@ -15,8 +16,8 @@ namespace tv {
 
 class LogoffDialog {
 public:
-    // `preShut0` starts the sequence; `endProgram` ends the process.
-    LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<void()> preShut0,
+    // `chosen` takes the choice to the sequence; `endProgram` ends the process.
+    LogoffDialog(AppContext& ctx, ui::LogoffForm& form, std::function<void()> chosen,
                  std::function<void()> endProgram);
 
     // The form's load: false, after its message, when another instance of the
@@ -29,7 +30,7 @@ private:
 
     AppContext& ctx_;
     ui::LogoffForm& form_;
-    std::function<void()> preShut0_;
+    std::function<void()> chosen_;
     std::function<void()> endProgram_;
 };
 

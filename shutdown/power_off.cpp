@@ -23,19 +23,16 @@ std::uint32_t exitFlags(std::int16_t action, bool win2kUp) {
     return flags + (win2kUp ? exitFlag::ForceIfHung : exitFlag::Force);
 }
 
-void handleShutOff(AppContext& ctx, std::int16_t action) {
-    if (action < 2) {
-        ctx.os.power.setSystemPowerState(action != 0, true);
-        return;
-    }
+bool handleShutOff(AppContext& ctx, std::int16_t action) {
+    if (action < 2) return ctx.os.power.setSystemPowerState(action != 0, true);
     const bool win2kUp = isWin2kUp(ctx);
     if (action == kLogOff && !win2kUp && !isWinNT(ctx)) ctx.os.power.killDesktopProcess();
-    ctx.os.power.exitWindows(exitFlags(action, win2kUp), kEveryReason);
+    return ctx.os.power.exitWindows(exitFlags(action, win2kUp), kEveryReason);
 }
 
-void shutDown(AppContext& ctx, std::int16_t action) {
+bool shutDown(AppContext& ctx, std::int16_t action) {
     ctx.os.power.enableShutdownPrivilege();
-    handleShutOff(ctx, action);
+    return handleShutOff(ctx, action);
 }
 
 bool isWin2kUp(const AppContext& ctx) {

@@ -19,12 +19,13 @@ inline constexpr std::uint32_t ForceIfHung = 16;
 }  // namespace exitFlag
 
 // ShutDown: enables the shut-down privilege, then handleShutOff.
-void shutDown(AppContext& ctx, std::int16_t action);
+bool shutDown(AppContext& ctx, std::int16_t action);
 
 // Actions 0 (hibernate) and 1 (standby) set the system's power state; 2
-// (restart), 4 (log off) and 8 (turn off) exit Windows. Nothing is reported:
-// a refused action leaves everything as it was.
-void handleShutOff(AppContext& ctx, std::int16_t action);
+// (restart), 4 (log off) and 8 (turn off) exit Windows. True when the system
+// took the action: for standby and hibernation, once the machine is awake
+// again. A refused action leaves everything as it was.
+bool handleShutOff(AppContext& ctx, std::int16_t action);
 
 // The flags of the exit of Windows for an action: forced if hung on Windows
 // 2000 and later, forced on older systems.

@@ -5,7 +5,7 @@ namespace tv {
 SecureShutDown::SecureShutDown(AppContext& ctx, const ui::ScannerChoiceForm& scanners, const ui::Control& warnings,
                                ShutdownHost& host)
     : sequence(ctx, frmLogoff, sProg, scanners, warnings, host),
-      dialog(ctx, frmLogoff, [this] { sequence.preShut0(); }, [&host] { host.endProgram(); }) {
+      dialog(ctx, frmLogoff, [this] { sequence.choose(); }, [&host] { host.endProgram(); }) {
     ctx.os.renderer.attach(frmLogoff);
     ctx.os.renderer.attach(sProg);
     // The integrity scan of a shut-down shows its progress here.

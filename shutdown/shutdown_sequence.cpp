@@ -4,6 +4,7 @@
 #include "avshell/scanner_launch.h"
 #include "core/file_utils.h"
 #include "core/text.h"
+#include "logging/unattended_boxes.h"
 #include "logging/write_log.h"
 #include "regwatch/pending_boot.h"
 #include "regwatch/reg_class.h"
@@ -29,6 +30,21 @@ constexpr const char* kRegistryTitle =
 
 constexpr int kCountDownSeconds = 120;
 
+constexpr const char* kChooseAgain =
+    "\r\n\r\nThe power options may not allow it, or you may not have the right to shut the computer down.\r\n\r\n"
+    "Do you want to choose again? Click No to close Tarvelon.";
+
+// What the system refused, as the user chose it.
+std::string refusal(std::int16_t action) {
+    switch (action) {
+    case 0: return "Windows refused to hibernate the computer.";
+    case 1: return "Windows refused to put the computer on standby.";
+    case 2: return "Windows refused to restart the computer.";
+    case 4: return "Windows refused to log you off.";
+    default: return "Windows refused to turn off the computer.";
+    }
+}
+
 }  // namespace
 
 ShutdownSequence::ShutdownSequence(AppContext& ctx, ui::LogoffForm& logoff, ui::ShutdownProgressForm& progress,
@@ -36,13 +52,23 @@ ShutdownSequence::ShutdownSequence(AppContext& ctx, ui::LogoffForm& logoff, ui::
                                    ShutdownHost& host)
     : ctx_(ctx), logoff_(logoff), progress_(progress), scanners_(scanners), warnings_(warnings), host_(host) {
     logoff_.Timer1.onTick = [this] { timerTick(); };
-    progress_.Command1.onClick = [this] { shutDown(ctx_, ctx_.shutAction); };
+    progress_.Command1.onClick = [this] { powerAction(true); };
     progress_.onQueryUnload = [this] { return queryUnload(); };
 }
 
 void ShutdownSequence::status(const char* line) { progress_.Label2.setCaption(line); }
 
-void ShutdownSequence::preShut0() { checkWinInit(); }
+void ShutdownSequence::choose() {
+    if (!scansDone_) return preShut0();
+    logoff_.setVisible(false);
+    powerAction(true);
+}
+
+// From here on nobody may be watching: the user chose and went away.
+void ShutdownSequence::preShut0() {
+    ctx_.unattended = true;
+    checkWinInit();
+}
 
 // Nothing stops the sequence: a source that cannot be read gives no files,
 // and a scanner that does not start is passed over.
@@ -139,10 +165,10 @@ void ShutdownSequence::preShut2() {
 }
 
 void ShutdownSequence::startCountDown() {
+    scansDone_ = true;
     if (ctx_.scanLogged == 0) {
         status(kAllClean);
-        shutDown(ctx_, ctx_.shutAction);
-        return;
+        return powerAction(false);
     }
     status(kCountingDown);
     progress_.Command1.setVisible(true);
@@ -151,16 +177,44 @@ void ShutdownSequence::startCountDown() {
     if (ctx_.scanLogged == 1) logoff_.Timer1.setEnabled(true);
 }
 
-// The action comes at the 120th tick. The timer is not stopped: should the
-// system refuse, the action is tried again every second of the third minute,
-// and no more once the minutes have run past two.
+// The action comes at the 120th tick.
 void ShutdownSequence::timerTick() {
     progress_.ProgressBar1.setValue(progress_.ProgressBar1.value() + 1);
     if (++secondsPast_ == 60) {
         secondsPast_ = 0;
         ++minutesPast_;
     }
-    if (minutesPast_ == 2) shutDown(ctx_, ctx_.shutAction);
+    if (minutesPast_ == 2) powerAction(false);
+}
+
+// The count-down stops with the action, which is asked for once, whoever
+// asks next. Standby and hibernation come back here when the machine wakes:
+// the work is done, and the program ends.
+void ShutdownSequence::powerAction(bool userWaiting) {
+    if (actionSent_) return;
+    actionSent_ = true;
+    logoff_.Timer1.setEnabled(false);
+    progress_.Command1.setVisible(false);
+    if (!shutDown(ctx_, ctx_.shutAction)) return refused(userWaiting);
+    if (ctx_.shutAction < 2) host_.endProgram();
+}
+
+// Said in one box that names the action, or for nobody written to the report
+// and the status line; then the choice comes back (its Cancel ends the
+// program), or the program ends.
+void ShutdownSequence::refused(bool userWaiting) {
+    const std::string what = refusal(ctx_.shutAction);
+    progress_.Label2.setCaption("Status: " + what);
+    const std::string prompt = what + kChooseAgain;
+    const unsigned style = box::YesNo | box::Exclamation;
+    int answer = box::Yes;
+    if (userWaiting)
+        answer = ctx_.os.boxes.show(prompt, kAppTitle, style);
+    else
+        logUnseenMessage(ctx_, prompt, style, answer);
+    if (answer != box::Yes) return host_.endProgram();
+    actionSent_ = false;
+    logoff_.setVisible(true);
 }
 
 bool ShutdownSequence::queryUnload() {

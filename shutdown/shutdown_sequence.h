@@ -2,8 +2,10 @@
 // action: the files Windows is to move or delete at its next start go to the
 // scanners, the integrity scan runs hidden, the registry pass scans and
 // accepts its warnings, and the power action comes at once, or after a
-// two-minute count-down when something was scanned. A scheduled run (/a)
-// makes the first two steps only.
+// two-minute count-down when something was scanned. The action is asked for
+// once; back from standby or hibernation the program ends, and an action the
+// system refuses gives the choice back. A scheduled run (/a) makes the first
+// two steps only.
 #pragma once
 
 #include <cstdint>
@@ -40,6 +42,9 @@ public:
     ShutdownSequence(AppContext& ctx, ui::LogoffForm& logoff, ui::ShutdownProgressForm& progress,
                      const ui::ScannerChoiceForm& scanners, const ui::Control& warnings, ShutdownHost& host);
 
+    // A choice in the dialog: the sequence, or once its scans are done (the
+    // system refused the action before), the new action at once.
+    void choose();
     void preShut0();
     void checkWinInit();
     void preShut1();
@@ -54,6 +59,9 @@ private:
     void status(const char* line);
     void timerTick();
     bool queryUnload();
+    // ShutDown, once: `userWaiting` when the user asked for it just now.
+    void powerAction(bool userWaiting);
+    void refused(bool userWaiting);
 
     AppContext& ctx_;
     ui::LogoffForm& logoff_;
@@ -63,6 +71,8 @@ private:
     ShutdownHost& host_;
     int secondsPast_ = 0;
     int minutesPast_ = 0;
+    bool scansDone_ = false;
+    bool actionSent_ = false;
 };
 
 }  // namespace tv

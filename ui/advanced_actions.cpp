@@ -6,6 +6,7 @@
 #include "core/text.h"
 #include "core/write_failures.h"
 #include "hash/checksum.h"
+#include "ui/load_settings.h"
 #include "ui/main_window.h"
 #include "ui/speed_comparison.h"
 
@@ -71,9 +72,8 @@ void AdvancedActions::show() {
     page.wsh.setValue(ctx_.useWsh != 0 ? 1 : 0);
 }
 
-// The read buffer, files per run and algorithm take effect at once, and the
-// integrity data file follows the algorithm; the scanner options follow at
-// the next loading of the settings.
+// Everything saved takes effect at once: the integrity data file follows the
+// algorithm, and the scanners' command lines the two file name options.
 void AdvancedActions::save() {
     AdvancedPage& page = window_.advanced;
     takeChosen(page.bufferOptions, kBufferSizes, ctx_.readBuffer);
@@ -92,10 +92,14 @@ void AdvancedActions::save() {
                    std::to_string(page.avfocus.value()),
                "Tarvelon");
     writeEntry(ctx_, ctx_.settFile, "algo", ctx_.algoName, "Tarvelon");
+    applyScannerOptions(ctx_, page);
     if (written.allWritten()) ctx_.os.boxes.show("Save Success!", kAppTitle, box::OkOnly);
 }
 
+// The saved settings come back at once: the focus box is read when a scanner
+// starts, and must not keep a cancelled tick.
 void AdvancedActions::cancel() {
+    reloadSettings_();
     window_.settF.setVisible(false);
     window_.setFq.setVisible(true);
 }

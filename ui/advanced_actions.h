@@ -1,7 +1,8 @@
 // What the advanced page does: it is shown with the saved read buffer, files
 // per scanner run, scanner options, algorithm and shortcut way; its Save
-// writes them; the warning follows the two scanner options; Compare Speeds
-// times the checksum of the program's own file.
+// writes them, and saved or cancelled, the saved settings are in force at
+// once; the warning follows the two scanner options; Compare Speeds times the
+// checksum of the program's own file.
 #pragma once
 
 #include <functional>

@@ -23,6 +23,7 @@
 #include "shutdown/secure_shut_down.h"
 #include "ui/advanced_actions.h"
 #include "logging/log_browser.h"
+#include "logging/unattended_boxes.h"
 #include "ui/load_settings.h"
 #include "ui/main_actions.h"
 #include "ui/main_window.h"
@@ -101,7 +102,8 @@ SetupWizardForm& Application::setupWizard() {
         wizard_ = std::make_unique<SetupWizard>(
             ctx_, *vDct_, scannerChoice(),
             SetupWizard::Links{[this] { catalogueSearch().show(""); },
-                               [this] { return scannerCatalogue().nativeWindow(); }});
+                               [this] { return scannerCatalogue().nativeWindow(); },
+                               [this] { loadSettings(ctx_, *mForm1_, scannerChoice()); }});
         ctx_.os.renderer.attach(*vDct_);
     }
     return *vDct_;
@@ -175,6 +177,9 @@ void Application::pressResultAction() {
 }
 
 void Application::load() {
+    const std::string commandLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
+    // Nobody answers the boxes of a scheduled run, from its first question on.
+    ctx_.unattended = parseRunSwitch(commandLine) == RunSwitch::Scheduled;
     fixPaths();
     ctx_.shutAction = kNoShutdown;
     makeDataFolders();
@@ -194,7 +199,7 @@ void Application::load() {
     checkIntFile(ctx_, *this);
     if (ended_) return;
     if (fileThere(ctx_, ctx_.intFile)) loadIntFile(ctx_, ctx_.intFile);
-    ctx_.cmdLine = trimBlanks(argumentsOf(ctx_.os.processes.commandLine()));
+    ctx_.cmdLine = commandLine;
     actOnCommandLine();
 }
 
@@ -244,7 +249,7 @@ void Application::actOnCommandLine() {
 // readable integrity data file; without it the run ends with its message.
 bool Application::passesBaselineTest(RunSwitch mode) {
     if (fileThere(ctx_, ctx_.intFile)) return true;
-    ctx_.os.boxes.show(baselineRefusal(mode), kAppTitle, box::OkOnly);
+    showOrLog(ctx_, baselineRefusal(mode), kAppTitle, box::OkOnly);
     endProcess();
     return false;
 }

@@ -30,6 +30,11 @@ bool applyBoxStates(const std::string& list, const std::array<Control*, 3>& boxe
 
 }  // namespace
 
+void applyScannerOptions(AppContext& ctx, const AdvancedPage& page) {
+    ctx.quoteChar = page.Check10.value() != 0 ? "\"" : "";
+    ctx.shortPaths = page.Check11.value() != 0;
+}
+
 bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners) {
     const SettingsPage& page = main.settings;
     const AdvancedPage& advancedPage = main.advanced;
@@ -59,16 +64,14 @@ bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners
 
     ctx.autoScanFailed = page.Check8.value() == 1;
 
-    putScannerSetting(getSetting(ctx, "ANTIVIRUS"), scanners.Text5, scanners.Text6);
-    putScannerSetting(getSetting(ctx, "AV2"), scanners.Text1, scanners.Text2);
+    putSavedScanners(ctx, scanners);
 
     const auto scannerOptions = getSetting(ctx, "ANTIVIRUS2");
     if (!scannerOptions ||
         !applyBoxStates(*scannerOptions, {&advancedPage.Check10, &advancedPage.Check11, &advancedPage.avfocus}))
         return false;
 
-    ctx.quoteChar = advancedPage.Check10.value() != 0 ? "\"" : "";
-    ctx.shortPaths = advancedPage.Check11.value() != 0;
+    applyScannerOptions(ctx, advancedPage);
 
     const auto algo = getSetting(ctx, "ALGO");
     if (!algo) return false;

@@ -6,6 +6,7 @@
 
 namespace tv::ui {
 
+class AdvancedPage;
 class MainWindow;
 class ScannerChoiceForm;
 
@@ -14,5 +15,8 @@ class ScannerChoiceForm;
 // applied before stays applied, the rest keeps its former state. Lists with fewer
 // positions leave the remaining controls as they are. False when it stopped early.
 bool loadSettings(AppContext& ctx, MainWindow& main, ScannerChoiceForm& scanners);
+
+// The quotes around files and their short names, from the advanced page's two boxes.
+void applyScannerOptions(AppContext& ctx, const AdvancedPage& page);
 
 }  // namespace tv::ui

@@ -40,7 +40,10 @@ void SettingsActions::save() {
         ctx_.os.boxes.show("Settings Saved Successfully", kAppTitle, box::OkOnly);
 }
 
+// The saved settings come back at once: ticks that were read while the page
+// was open (Auto-Logging) must not outlive their Cancel.
 void SettingsActions::cancel() {
+    reloadSettings_();
     window_.settF.setVisible(false);
     window_.setFq.setVisible(true);
 }

@@ -1,6 +1,7 @@
 // What the settings page does: it is shown with the saved settings, and its
 // Save writes the file groups of the log-on check and of the secure shut-down,
 // Auto-Scan and Auto-Logging, and makes or removes the Auto-Load shortcut.
+// Saved or cancelled, the saved settings are in force at once.
 #pragma once
 
 #include <functional>

@@ -177,10 +177,12 @@ void SetupWizard::cancel() {
         form_.setVisible(false);
 }
 
-// The answer goes into the path as it comes, also when the box was cancelled;
-// the arguments follow the path, in the wizard and in the scanner selection.
+// The arguments follow the path, in the wizard and in the scanner selection.
+// A cancelled box keeps the path that was there.
 void SetupWizard::locate() {
-    form_.vpath.setCaption(chooseScannerFile(ctx_, links_.fileBoxOwner()));
+    const std::string chosen = chooseScannerFile(ctx_, links_.fileBoxOwner());
+    if (chosen.empty()) return;
+    form_.vpath.setCaption(chosen);
     const std::string arguments = defaultArguments(form_.vpath.caption());
     form_.varg.setCaption(arguments);
     choice_.Text6.setCaption(arguments);
@@ -200,6 +202,10 @@ void SetupWizard::save() {
     }
     writeEntry(ctx_, ctx_.settFile, "antivirus", form_.vpath.caption() + "|" + form_.varg.caption(), "Tarvelon");
     ctx_.autoScanFailed = form_.Check6.value() == 1;
+    // The scanner just saved is the scanner window's first one, whatever that
+    // window held unsaved (the wizard hands it arguments as well).
+    choice_.settle(true, false);
+    links_.reloadSettings();  // Auto-Logging, say, is read from the settings page
     if (autoLoadSaved && written.allWritten())
         ctx_.os.boxes.show("Settings Saved Successfully!", kAppTitle, box::OkOnly);
     form_.setVisible(false);

@@ -1,7 +1,8 @@
 // What vDct does: nine pages on one form walk a new user through the
 // scanner, Auto-Load, the file types, Auto-Scan, logging and the Secure Shut
 // Down shortcut. The pages work on a copy of the settings; only Save writes
-// them ("settings", "antivirus" and the Auto-Load shortcut).
+// them ("settings", "antivirus" and the Auto-Load shortcut), which are in
+// force at once.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +21,7 @@ public:
     struct Links {
         std::function<void()> showCatalogue;         // for the first scanner
         std::function<NativeWindow()> fileBoxOwner;  // the catalogue's window
+        std::function<void()> reloadSettings;        // the saved settings into force (loadSettings)
     };
     SetupWizard(AppContext& ctx, SetupWizardForm& form, ScannerChoiceForm& choice, Links links);
 

@@ -212,6 +212,32 @@ bool Win32Files::readNext() {
     return true;
 }
 
+std::vector<FolderEntry> Win32Files::listFolder(const std::string& folder) const {
+    std::vector<FolderEntry> entries;
+    WIN32_FIND_DATAA found;
+    UniqueFind listing(::FindFirstFileA((folder + "*").c_str(), &found));
+    if (!listing.valid()) return entries;
+    do {
+        const std::string name = found.cFileName;
+        if (name != "." && name != "..") entries.push_back({name, isFolderAttribute(found.dwFileAttributes)});
+    } while (::FindNextFileA(listing.get(), &found));
+    return entries;
+}
+
+// The volume's serial number and the folder's index on it. A folder opens
+// only with the backup flag, which the Windows 9x family does not know: there
+// the answer is empty, and there are no junctions either. A file system that
+// gives no index (some network drives) gives no identity.
+std::string Win32Files::folderIdentity(const std::string& folder) const {
+    UniqueFile handle(::CreateFileA(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!handle.valid() || !::GetFileInformationByHandle(handle.get(), &info)) return {};
+    if (info.nFileIndexHigh == 0 && info.nFileIndexLow == 0) return {};  // a file system without indexes
+    return std::to_string(info.dwVolumeSerialNumber) + ":" + std::to_string(info.nFileIndexHigh) + ":" +
+           std::to_string(info.nFileIndexLow);
+}
+
 std::optional<std::uint64_t> Win32Files::length(const std::string& path) const {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;

@@ -25,6 +25,8 @@ public:
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
     const ListedName* peekName(std::size_t ahead) override;
+    std::vector<FolderEntry> listFolder(const std::string& folder) const override;
+    std::string folderIdentity(const std::string& folder) const override;
 
 private:
     bool readNext();  // one more entry of the listing into ahead_

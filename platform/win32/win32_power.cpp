@@ -29,9 +29,11 @@ void Win32Power::enableShutdownPrivilege() {
     adjust(token.get(), FALSE, &privileges, 0, nullptr, nullptr);
 }
 
-void Win32Power::exitWindows(std::uint32_t flags, std::uint32_t reserved) { ::ExitWindowsEx(flags, reserved); }
+bool Win32Power::exitWindows(std::uint32_t flags, std::uint32_t reserved) {
+    return ::ExitWindowsEx(flags, reserved) != 0;
+}
 
-void Win32Power::setSystemPowerState(bool suspend, bool force) { ::SetSystemPowerState(suspend, force); }
+bool Win32Power::setSystemPowerState(bool suspend, bool force) { return ::SetSystemPowerState(suspend, force) != 0; }
 
 Power::Version Win32Power::version() const {
     OSVERSIONINFOA info{};

@@ -1,7 +1,6 @@
 #include "platform/win32/win32_system.h"
 
 #include <commdlg.h>
-#include <imagehlp.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -46,13 +45,6 @@ std::string Win32Shell::specialFolder(int csidl, std::size_t charCount) const {
     LPITEMIDLIST items = nullptr;
     if (::SHGetSpecialFolderLocation(nullptr, csidl, &items) != S_OK || !items) return {};
     return pathOfItemList(items, charCount);
-}
-
-std::string Win32Shell::searchTree(const std::string& root, const std::string& name) const {
-    std::vector<char> buffer(MAX_PATH + 260, '\0');
-    std::string rootCopy = root, nameCopy = name;  // the call takes writable texts
-    if (!::SearchTreeForFile(rootCopy.data(), nameCopy.data(), buffer.data())) return {};
-    return upToZero(buffer);
 }
 
 std::string Win32Shell::openFileDialog(NativeWindow owner, const std::string& title,

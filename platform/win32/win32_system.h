@@ -28,7 +28,6 @@ public:
     std::string systemDirectory(std::size_t charCount) const override;
     std::string windowsDirectoryBuffer(std::size_t charCount) const override;
     std::string specialFolder(int csidl, std::size_t charCount) const override;
-    std::string searchTree(const std::string& root, const std::string& name) const override;
     std::string openFileDialog(NativeWindow owner, const std::string& title,
                                const std::string& filter, std::size_t bufferChars) override;
     std::string browseForFolder(const std::string& title) override;
@@ -76,8 +75,8 @@ private:
 class Win32Power final : public Power {
 public:
     void enableShutdownPrivilege() override;
-    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override;
-    void setSystemPowerState(bool suspend, bool force) override;
+    bool exitWindows(std::uint32_t flags, std::uint32_t reserved) override;
+    bool setSystemPowerState(bool suspend, bool force) override;
     Version version() const override;
     void killDesktopProcess() override;
 };

@@ -1,11 +1,12 @@
 // The scanner selection and the catalogue, driven through their controls with
-// the file box and the tree search scripted. The real file box, search and
-// scanner test are the end-to-end scenario's.
+// the file box scripted and the folders searched in memory. The real file box,
+// search and scanner test are the end-to-end scenario's.
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
 #include "avshell/scanner_launch.h"
+#include "core/text.h"
 #include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/setup_wizard_form.h"
@@ -80,27 +81,30 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
         {"Panda 7.0 Platinum (All-OS)", "Pavcl.com"}, {"Sophos Anti Virus (All-OS)", "sweep.exe"},
     };
     catalogue().Command4.userClick();  // nothing chosen: nothing at all
+    EXPECT_TRUE(os.boxes.shown.empty());
     ASSERT_EQ(catalogue().List1.items().size(), rows.size());
+    os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
     for (std::size_t row = 0; row < rows.size(); ++row) {
         EXPECT_EQ(catalogue().List1.items()[row], rows[row].first);
+        const std::string folder = "C:\\Program Files\\" + std::to_string(row);
+        os.files.folders.insert(upperCase(folder));
+        os.files.put(folder + "\\" + rows[row].second, "MZ");
         catalogue().List1.userSetValue(static_cast<int>(row));
-        os.shell.searches.clear();
-        click(catalogue().Command4, {box::Ok, box::Ok});  // the notice, then nothing found
-        EXPECT_EQ(os.shell.searches, (std::vector<Search>{{"C:\\Program Files\\", rows[row].second},
-                                                          {"C:\\", rows[row].second}}));
+        click(catalogue().Command4, {box::Ok});
+        EXPECT_EQ(catalogue().Text2.caption(), folder + "\\" + rows[row].second) << rows[row].first;
     }
-    EXPECT_EQ(lastBox(), "The default executable for this program was not found! Make sure you selected the correct "
-                         "anti-virus program, and the correct operating system.");
-    EXPECT_EQ(catalogue().Text2.caption(), "");
-    EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled() || !catalogue().Text2.enabled());
 
     // A system that names no Program Files folder: its empty answer becomes
     // "\" (the current drive's root), the one answer the fallback does not mend.
+    std::vector<std::string> looked;
+    os.loop.onPump = [&] { looked.push_back(catalogue().Label4.caption()); };
     for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
         os.shell.special[38] = answer38;
-        click(catalogue().Command4, {box::Ok, box::Ok});
-        EXPECT_EQ(os.shell.searches.at(os.shell.searches.size() - 2).first, root) << answer38;
+        looked.clear();
+        click(catalogue().Command4, {box::Ok});
+        EXPECT_EQ(looked.at(0), "Looking in " + root) << answer38;
     }
+    os.loop.onPump = nullptr;
 
     os.shell.openResult = 31;  // My Anti-Virus Program Isn't Listed!, with no web browser
     click(catalogue().Command1, {box::Ok, box::Ok});
@@ -114,18 +118,18 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
 }
 
 TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
-    std::string duringSearch;
-    os.loop.onPump = [&] { duringSearch += catalogue().Text2.caption() + std::to_string(catalogue().Text2.enabled()); };
-    os.shell.treeHits[{"C:\\", "Pavcl.com"}] = "C:\\Tools\\Pavcl.com";
-    os.shell.treeHits[{"C:\\Program Files\\", "navw32.exe"}] = "C:\\Program Files\\NAV\\navw32.exe";
+    os.files.folders.insert("C:");
+    for (const char* folder : {"C:\\Tools", "C:\\Program Files", "C:\\Program Files\\NAV"}) os.files.makeFolder(folder);
+    os.files.put("C:\\Tools\\Pavcl.com", "MZ");
+    os.files.put("C:\\Program Files\\NAV\\navw32.exe", "MZ");
     for (const int row : {14, 13}) {
         catalogue().List1.userSetValue(row);
-        click(catalogue().Command4, {box::Ok, box::Ok});
+        click(catalogue().Command4, {box::Ok});
         EXPECT_EQ(lastBox(), "Success!");
     }
-    EXPECT_EQ(os.shell.searches.size(), 3u);  // a hit below Program Files ends the search there
-    EXPECT_EQ(duringSearch, "Searching...0Searching...0Searching...0Searching...0Searching...0Searching...0");
+    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Program Files\\NAV\\navw32.exe");
     EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
+    os.files.files.erase("C:\\PROGRAM FILES\\NAV\\NAVW32.EXE");
 
     // Test It! starts nothing for a program that is not there, and names one
     // that will not start; only a started one offers Use It!.
@@ -167,6 +171,48 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_EQ(catalogue().List1.value(), -1);
     EXPECT_EQ(catalogue().List1.items().size(), 16u);
     EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled());
+}
+
+// Program Files is walked once, also through a junction that points up the
+// tree, and then the rest of the drive; the window lives on meanwhile, and
+// the button or Esc stops the search with the form as it was.
+TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
+    os.files.folders.insert("C:");
+    for (const char* folder : {"C:\\Program Files", "C:\\Program Files\\AVG", "C:\\Program Files\\AVG\\Up", "C:\\Tools"})
+        os.files.makeFolder(folder);
+    os.files.junctions["C:\\PROGRAM FILES\\AVG\\UP"] = "C:\\PROGRAM FILES";
+    os.files.put("C:\\Tools\\avgse.exe", "MZ");
+    std::vector<std::string> looked;
+    os.loop.onPump = [&] {
+        const bool held = !catalogue().List1.enabled() && !catalogue().Command3.enabled() &&
+                          catalogue().Command4.caption() == "Cancel" && !catalogue().Text2.enabled();
+        looked.push_back(catalogue().Label4.caption() + (held ? "" : " (not held)") + " " + catalogue().Text2.caption());
+    };
+    catalogue().List1.userSetValue(2);
+    click(catalogue().Command4, {box::Ok});
+    EXPECT_EQ(looked, (std::vector<std::string>{
+                          "Looking in C:\\Program Files\\ Searching...", "Looking in C:\\Program Files\\AVG\\ Searching...",
+                          "Looking in C:\\ Searching...", "Looking in C:\\STARTUP\\ Searching...",
+                          "Looking in C:\\TARVELON\\ Searching...",
+                          "Looking in C:\\TARVELON\\DATA\\ Searching...", "Looking in C:\\Tools\\ Searching..."}));
+    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
+    EXPECT_TRUE(catalogue().Command2.enabled());
+    EXPECT_FALSE(catalogue().Command3.enabled());
+
+    // Esc at the third folder: no message, and the form as before the search.
+    looked.clear();
+    os.loop.onPump = [&] {
+        looked.push_back(catalogue().Label4.caption());
+        if (looked.size() == 3) catalogue().cancelButton->userKeyPress();
+    };
+    catalogue().List1.userSetValue(15);
+    catalogue().Command4.userClick();
+    EXPECT_EQ(looked.size(), 3u);
+    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
+    EXPECT_TRUE(catalogue().Text2.enabled() && catalogue().Command2.enabled() && catalogue().List1.enabled());
+    EXPECT_EQ(catalogue().Command4.caption(), "Search for this Selection...");
+    EXPECT_EQ(catalogue().Label4.caption(), "");
+    EXPECT_EQ(catalogue().cancelButton, nullptr);
 }
 
 }  // namespace

@@ -32,6 +32,27 @@ void MemoryFiles::put(const std::string& path, std::string content) {
     spelled[key(path)] = path;
 }
 
+// A path through a junction is the target's path.
+std::string MemoryFiles::resolved(const std::string& k) const {
+    for (const auto& [from, to] : junctions)
+        if (k == from || k.starts_with(from + "\\")) return to + k.substr(from.size());
+    return k;
+}
+
+// Folders first, then files, each in the order of their upper-cased paths.
+std::vector<FolderEntry> MemoryFiles::children(const std::string& parentKey) const {
+    std::vector<FolderEntry> entries;
+    const auto take = [&](const std::string& k, bool isFolder) {
+        const auto slash = k.find_last_of('\\');
+        if (slash == std::string::npos || k.substr(0, slash) != parentKey) return;
+        const auto named = spelled.find(k);
+        entries.push_back({(named != spelled.end() ? named->second : k).substr(slash + 1), isFolder});
+    };
+    for (const std::string& k : folders) take(k, true);
+    for (const auto& [k, content] : files) take(k, false);
+    return entries;
+}
+
 std::string MemoryFiles::firstName(const std::string& folder) {
     const std::string parent = key(folder);
     listing_.clear();
@@ -39,15 +60,18 @@ std::string MemoryFiles::firstName(const std::string& folder) {
     listingFolder_ = folder;
     if (!folders.count(parent)) return {};
     listing_ = {".", ".."};
-    std::vector<std::string> children(folders.begin(), folders.end());
-    for (const auto& [k, content] : files) children.push_back(k);
-    for (const std::string& k : children) {
-        const auto slash = k.find_last_of('\\');
-        if (slash == std::string::npos || k.substr(0, slash) != parent) continue;
-        const auto named = spelled.find(k);
-        listing_.push_back((named != spelled.end() ? named->second : k).substr(slash + 1));
-    }
+    for (FolderEntry& entry : children(parent)) listing_.push_back(std::move(entry.name));
     return nextName();
+}
+
+std::vector<FolderEntry> MemoryFiles::listFolder(const std::string& folder) const {
+    const std::string k = resolved(key(folder));
+    return folders.count(k) ? children(k) : std::vector<FolderEntry>{};
+}
+
+std::string MemoryFiles::folderIdentity(const std::string& folder) const {
+    const std::string k = resolved(key(folder));
+    return folders.count(k) ? k : std::string();
 }
 
 std::string MemoryFiles::nextName() { return listed_ < listing_.size() ? listing_[listed_++] : std::string(); }
@@ -189,12 +213,6 @@ std::string FixedShell::shortPathBuffer(const std::string& path, std::size_t cha
 std::string FixedShell::specialFolder(int csidl, std::size_t) const {
     const auto found = special.find(csidl);
     return found == special.end() ? std::string() : found->second;
-}
-
-std::string FixedShell::searchTree(const std::string& root, const std::string& name) const {
-    searches.emplace_back(root, name);
-    const auto found = treeHits.find({root, name});
-    return found == treeHits.end() ? std::string() : found->second;
 }
 
 std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, const std::string& filter,

@@ -25,6 +25,9 @@ public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
     std::set<std::string> locked;              // files no one may open
+    // Folders that lead to another one (junctions), upper-cased both: the
+    // paths through one are the target's.
+    std::map<std::string, std::string> junctions;
 
     void put(const std::string& path, std::string content);
     const std::string* content(const std::string& path) const;
@@ -44,12 +47,16 @@ public:
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
     const ListedName* peekName(std::size_t ahead) override;
+    std::vector<FolderEntry> listFolder(const std::string& folder) const override;
+    std::string folderIdentity(const std::string& folder) const override;
 
     // Names as they were put, for the listing (the maps hold upper-cased keys).
     std::map<std::string, std::string> spelled;
 
 private:
     bool parentExists(const std::string& key) const;
+    std::string resolved(const std::string& key) const;
+    std::vector<FolderEntry> children(const std::string& parentKey) const;
     std::vector<std::string> listing_;
     std::size_t listed_ = 0;
     std::string listingFolder_;
@@ -72,11 +79,6 @@ public:
     std::string systemDirectory(std::size_t) const override { return "C:\\WINDOWS\\SYSTEM32"; }
     std::string windowsDirectoryBuffer(std::size_t charCount) const override;
     std::string specialFolder(int csidl, std::size_t) const override;
-    // The tree search finds what `treeHits` holds for its root and name, and
-    // records every search in `searches`.
-    std::map<std::pair<std::string, std::string>, std::string> treeHits;
-    mutable std::vector<std::pair<std::string, std::string>> searches;
-    std::string searchTree(const std::string& root, const std::string& name) const override;
     // The open-file dialog answers with the next of `fileChoices` in its whole
     // buffer, zeros behind the name as the system leaves them; cancelled when
     // none is left. Every dialog's title and filter are recorded.
@@ -242,17 +244,22 @@ private:
     const Window* at(NativeWindow window) const;
 };
 
-// Power actions are recorded, never carried out: a test never switches a machine off.
+// Power actions are recorded, never carried out: a test never switches a
+// machine off. Each is taken (standby and hibernation come back at once)
+// unless `refuses` says otherwise.
 class RecordingPower final : public Power {
 public:
     std::vector<std::string> calls;  // "privilege", "exit <flags> <reserved>", "state <suspend> <force>", "kill desktop"
     Version answer{2, 5};            // Windows 2000 and later
+    bool refuses = false;
     void enableShutdownPrivilege() override { calls.push_back("privilege"); }
-    void exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
+    bool exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
         calls.push_back("exit " + std::to_string(flags) + " " + std::to_string(reserved));
+        return !refuses;
     }
-    void setSystemPowerState(bool suspend, bool force) override {
+    bool setSystemPowerState(bool suspend, bool force) override {
         calls.push_back("state " + std::to_string(suspend) + " " + std::to_string(force));
+        return !refuses;
     }
     Version version() const override { return answer; }
     void killDesktopProcess() override { calls.push_back("kill desktop"); }

@@ -213,7 +213,6 @@ auto click "$wizard" helpme >/dev/null
 auto wait-window "$catalogue" >/dev/null
 auto choose "$catalogue" List1 2 >/dev/null
 auto click "$catalogue" Command4 >/dev/null
-answer $'Tarvelon may become unresponsive during the file search. This is normal.\r\rClick OK to continue.' OK
 answer "Success!" OK
 auto wait-caption "$catalogue" Text2 "$avg" >/dev/null
 auto click "$catalogue" Command2 >/dev/null

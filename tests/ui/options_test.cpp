@@ -146,7 +146,7 @@ TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
     click(advanced.cSave2, {box::Ok});
     EXPECT_EQ(std::to_string(ctx.readBuffer) + "," + std::to_string(ctx.passCount) + "," + std::to_string(ctx.useWsh),
               "131072,50,0");
-    EXPECT_EQ(ctx.quoteChar, "\"");  // the scanner options follow at the next loading
+    EXPECT_EQ(ctx.quoteChar, "");  // the scanner options are in force at once
 }
 
 // The warning follows only the clicks on the two scanner options, not the opening.

@@ -109,8 +109,8 @@ TEST_F(Wizard, LocateAndHelpFillTheFirstScannerInBothForms) {
     EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "C:\\Panda\\PAVCL.COM|/NSB /NOM /AUT");
     EXPECT_EQ(app.scannerChoice().Text5.caption() + "|" + app.scannerChoice().Text6.caption(),
               "C:\\AV\\scan.exe|/NSB /NOM /AUT");
-    form.locate.userClick();  // cancelled: the path is emptied all the same
-    EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "| ");
+    form.locate.userClick();  // cancelled: the path that was there stays
+    EXPECT_EQ(form.vpath.caption() + "|" + form.varg.caption(), "C:\\Panda\\PAVCL.COM|/NSB /NOM /AUT");
     app.scannerChoice().cButton1.userClick();  // the catalogue left open for the second scanner
     form.helpme.userClick();
     EXPECT_TRUE(app.scannerCatalogue().visible());

@@ -1,7 +1,7 @@
 // A Data folder that cannot be written: the first scan that could never be
 // saved ends the start with one message (the start without a Data folder is
 // the installer scenario's); a write that fails later is told once per file,
-// and the save does not claim success.
+// and the save does not claim success; in a run nobody watches, never.
 #include <gtest/gtest.h>
 
 #include "core/settings_store.h"
@@ -56,6 +56,12 @@ TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {
     EXPECT_TRUE(os.boxes.shown[0].prompt.starts_with("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\Tarvelon.dat\r\n"));
     EXPECT_TRUE(os.boxes.shown[1].prompt.starts_with("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\Registry.dat\r\n"));
     EXPECT_EQ(ctx.failedWrites, 5);
+
+    ctx.unattended = true;  // nobody there: counted, never shown
+    reportFailedWrite(ctx, ctx.appPath + "Data\\Integrity.dat");
+    showUnwritableData(ctx);
+    EXPECT_EQ(os.boxes.shown.size(), 2u);
+    EXPECT_EQ(ctx.failedWrites, 6);
 }
 
 }  // namespace

@@ -20,7 +20,6 @@ struct OwnSystemShell final : Shell {
     std::string systemDirectory(std::size_t) const override { return system; }
     std::string windowsDirectoryBuffer(std::size_t n) const override { return real.windowsDirectoryBuffer(n); }
     std::string specialFolder(int csidl, std::size_t n) const override { return real.specialFolder(csidl, n); }
-    std::string searchTree(const std::string& r, const std::string& n) const override { return real.searchTree(r, n); }
     std::string openFileDialog(NativeWindow o, const std::string& t, const std::string& f, std::size_t n) override {
         return real.openFileDialog(o, t, f, n);
     }

@@ -6,6 +6,7 @@
 
 #include "avshell/scanner_launch.h"
 #include "core/file_utils.h"
+#include "core/folder_search.h"
 #include "core/settings_store.h"
 #include "core/text.h"
 #include "hash/checksum.h"
@@ -54,8 +55,13 @@ TEST_F(Platform, FilesFoldersAndTheTreeSearch) {
     files.makeFolder(path("a\\b"));
     writeFile("a\\b\\scanner.exe", "MZ");
     files.makeFolder(path("a\\absent.exe"));  // a folder is no program
-    EXPECT_TRUE(sameText(findInTree(ctx, path(""), "SCANNER.EXE"), path("a\\b\\scanner.exe")));
-    EXPECT_EQ(findInTree(ctx, path(""), "absent.exe"), "");
+    int entered = 0;
+    FolderSearch search(ctx, [&](const std::string&) { return ++entered, true; });
+    EXPECT_TRUE(sameText(search.findInTree(path(""), "SCANNER.EXE"), path("a\\b\\scanner.exe")));
+    const int walked = entered;
+    EXPECT_EQ(search.findInTree(path("A\\B"), "scanner.exe"), "");  // the same folder spelled otherwise: searched
+    EXPECT_EQ(entered, walked);
+    EXPECT_EQ(FolderSearch(ctx, [](const std::string&) { return true; }).findInTree(path(""), "absent.exe"), "");
 }
 
 TEST_F(Platform, ListingShowsEveryFileAndFolderWhateverItsAttributes) {
