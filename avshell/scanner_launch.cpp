@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::size_t kShortPathBuffer = 1024;
 
+// A file's name up to a NUL: what a value read from the registry may carry
+// behind it is no part of the name, and would end the command line there.
+std::string fileNameOf(const std::string& name) { return name.substr(0, name.find('\0')); }
+
 constexpr const char* kTestNotice =
     "Tarvelon will now attempt to scan two files. If the Virus-Scanner you selected scans both files, then it is "
     "fully compatible with Tarvelon! If not, make sure you chose the correct EXE file in your anti-virus folder.";
@@ -25,9 +29,32 @@ std::string toShortPath(const AppContext& ctx, const std::string& path) {
     return trimBlanks(leftText(buffer, blank - 2));
 }
 
-std::string batchItem(const AppContext& ctx, const std::string& name) {
-    const std::string file = ctx.shortPaths ? toShortPath(ctx, name) : name;
-    return ctx.quoteChar + file + ctx.quoteChar + " ";
+std::string batchItem(const AppContext& ctx, const std::string& name, bool keepWhole) {
+    const std::string file = ctx.shortPaths ? toShortPath(ctx, fileNameOf(name)) : fileNameOf(name);
+    const std::string quote = keepWhole && ctx.quoteChar.empty() && file.find(' ') != std::string::npos
+                                  ? std::string("\"")
+                                  : ctx.quoteChar;
+    return quote + file + quote + " ";
+}
+
+std::vector<std::string> commandLinesFor(const std::string& head, const FileItems& items) {
+    std::vector<std::string> lines{head};
+    bool filesInLine = false;
+    for (const std::string& item : items) {
+        if (filesInLine && lines.back().size() + item.size() > kLongestCommandLine) {
+            lines.push_back(head);
+            filesInLine = false;
+        }
+        lines.back() += item;
+        filesInLine = true;
+    }
+    return lines;
+}
+
+bool runScannerWith(AppContext& ctx, const std::string& exe, const std::string& args, const FileItems& items) {
+    for (const std::string& line : commandLinesFor(exe + " " + args + " ", items))
+        if (!runScanner(ctx, line)) return false;
+    return true;
 }
 
 bool runScanner(AppContext& ctx, const std::string& commandLine) {
@@ -48,27 +75,26 @@ ScannerPair scannersFromSettings(const AppContext& ctx) {
     return scanners;
 }
 
-void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const std::string& list) {
-    if (!trimBlanks(scanners.exe1).empty()) runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + list);
-    if (!trimBlanks(scanners.exe2).empty()) runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + list);
+void startEachScanner(AppContext& ctx, const ScannerPair& scanners, const FileItems& items) {
+    if (!trimBlanks(scanners.exe1).empty()) runScannerWith(ctx, scanners.exe1, scanners.args1, items);
+    if (!trimBlanks(scanners.exe2).empty()) runScannerWith(ctx, scanners.exe2, scanners.args2, items);
 }
 
-bool startScanners(AppContext& ctx, const ScannerPair& scanners, const std::string& batch) {
+bool startScanners(AppContext& ctx, const ScannerPair& scanners, const FileItems& batch) {
     if (trimBlanks(scanners.exe1).empty()) return false;
-    if (!runScanner(ctx, scanners.exe1 + " " + scanners.args1 + " " + batch)) return false;
-    if (trimBlanks(scanners.exe2).empty()) return true;
-    return runScanner(ctx, scanners.exe2 + " " + scanners.args2 + " " + batch);
+    if (!runScannerWith(ctx, scanners.exe1, scanners.args1, batch)) return false;
+    return trimBlanks(scanners.exe2).empty() || runScannerWith(ctx, scanners.exe2, scanners.args2, batch);
 }
 
 void walkInBatches(const AppContext& ctx, std::size_t first, std::size_t last,
                    const std::function<std::string(std::size_t)>& entryAt,
-                   const std::function<bool(const std::string&)>& flush) {
-    std::string batch;
+                   const std::function<bool(const FileItems&)>& flush, bool keepWhole) {
+    FileItems batch;
     std::int32_t turns = 0;
     for (std::size_t index = first; index <= last; ++index) {
         ++turns;
         const std::string entry = entryAt(index);
-        if (!entry.empty()) batch += batchItem(ctx, entry);
+        if (!entry.empty()) batch.push_back(batchItem(ctx, entry, keepWhole));
         if (index < last && turns < ctx.passCount) continue;
         if (!flush(batch)) return;
         batch.clear();
@@ -77,12 +103,13 @@ void walkInBatches(const AppContext& ctx, std::size_t first, std::size_t last,
 }
 
 std::string singleRunItem(const AppContext& ctx, const std::string& name) {
-    std::string file = replaceText(name, "\"", "");
+    std::string file = replaceText(fileNameOf(name), "\"", "");
     if (ctx.shortPaths) file = toShortPath(ctx, file);
     return file.empty() ? " " : " " + ctx.quoteChar + file + ctx.quoteChar;
 }
 
-std::string singleFileItem(const AppContext& ctx, const std::string& name) {
+std::string singleFileItem(const AppContext& ctx, const std::string& whole) {
+    const std::string name = fileNameOf(whole);
     if (name.find('"') != std::string::npos) return name;
     const std::string file = ctx.shortPaths ? toShortPath(ctx, name) : name;
     return ctx.quoteChar + file + ctx.quoteChar;

@@ -64,6 +64,7 @@ set(TARVELON_CORE_SOURCES
   regwatch/registry_text.cpp
   regwatch/regwatch_actions.cpp
   regwatch/regwatch_page.cpp
+  regwatch/snapshot_encoding.cpp
   platform/command_program.cpp
   regwatch/watched_locations.cpp
   shutdown/logoff_dialog.cpp

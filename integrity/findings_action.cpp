@@ -55,14 +55,14 @@ void FindingsAction::endUnwatchedRun() {
 // Walks List1 from its first index to one past its last, so that the last turn
 // only flushes; each batch goes to both scanners before the next is cut.
 // Without a scanner the walk stops at the first batch, which alone is logged.
-FindingsAction::Handed FindingsAction::handToScanners(bool noScanner, std::string& all) {
+FindingsAction::Handed FindingsAction::handToScanners(bool noScanner, std::vector<std::string>& all) {
     const ScannerPair scanners{window_.Text1.caption(), window_.Text2.caption(), window_.textav1.caption(),
                                window_.textav2.caption()};
     Handed handed = Handed::AllBatches;
     walkInBatches(ctx_, 0, window_.List1.items().size(),
                   [this](std::size_t index) { return withoutNewMark(itemAt(window_.List1, index)); },
-                  [&](const std::string& batch) {
-                      all += batch;
+                  [&](const FileItems& batch) {
+                      all.insert(all.end(), batch.begin(), batch.end());
                       if (noScanner) handed = Handed::FirstBatchOnly;
                       else if (!batch.empty() && !startScanners(ctx_, scanners, batch)) handed = Handed::ScannerFailed;
                       return handed == Handed::AllBatches;
@@ -76,7 +76,7 @@ void FindingsAction::label12Click() {
         if (window_.Label12.caption() == kCloseCaption) return driver_.command1Click();
         const bool noScanner = !fileThere(ctx_, window_.Text1.caption());
         if (noScanner) showOrLog(ctx_, kNoScanner, kAppTitle, box::OkOnly);
-        std::string all;
+        std::vector<std::string> all;
         const Handed handed = handToScanners(noScanner, all);
         if (handed == Handed::ScannerFailed) return scannerFailed();
         if (handed == Handed::AllBatches && ctx_.shutAction == kNoShutdown) {
@@ -84,9 +84,9 @@ void FindingsAction::label12Click() {
             if (all.empty()) return host_.endProgram();
         }
         window_.Label13.setCaption("Logging Action...");
-        std::string report = (noScanner ? kNoScannerHeading : kScannedHeading) + all;
         // A report that cannot be written was told of; the findings stay unaccepted.
-        if (writeLog(ctx_, report, noScanner) == LogOutcome::Failed) return endUnwatchedRun();
+        if (writeLog(ctx_, noScanner ? kNoScannerHeading : kScannedHeading, all, noScanner) == LogOutcome::Failed)
+            return endUnwatchedRun();
     }
     window_.Label13.setCaption("Updating Integrity File...");
     updateDatFile();

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "core/app_context.h"
 #include "custom/custom_slots.h"
@@ -32,7 +33,7 @@ public:
 
 private:
     enum class Handed { AllBatches, FirstBatchOnly, ScannerFailed };
-    Handed handToScanners(bool noScanner, std::string& all);
+    Handed handToScanners(bool noScanner, std::vector<std::string>& all);
     void scannerFailed();
     void endUnwatchedRun();
 

@@ -19,6 +19,17 @@ constexpr const char* kScanned = "Anti-Virus program executed successfully!";
 // of a time can be taken for a date's.
 std::string dateKey(const std::string& date) { return "|" + date; }
 
+// The " (2)" that a report of the same second as another carries between its
+// time and ".log"; empty for any other name, which opens as it always did.
+std::string sameSecondMark(const std::string& name) {
+    const std::size_t close = name.find(')');
+    if (close == std::string::npos || name.size() < close + 1 + 4) return {};
+    const std::string mark = name.substr(close + 1, name.size() - 4 - close - 1);
+    const bool counted = mark.size() > 3 && mark.compare(0, 2, " (") == 0 && mark.back() == ')' &&
+                         mark.find_first_not_of("0123456789", 2) == mark.size() - 1;
+    return counted ? mark : std::string();
+}
+
 // The keys with which every tree view moves through its nodes and opens and
 // closes them: the tree itself acts on them, and a tree loaded anew would
 // lose the place they move from.
@@ -51,7 +62,10 @@ std::string LogBrowser::logFolder() const { return ctx_.appPath + "Data\\Log\\";
 std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
     const auto& nodes = page_.TreeView2.nodes();
     if (node >= nodes.size() || nodes[node].parent == ui::kNoNode) return std::nullopt;
-    return logFolder() + reportFileName(nodes[nodes[node].parent].text, nodes[node].text);
+    std::string name = reportFileName(nodes[nodes[node].parent].text, nodes[node].text);
+    if (const auto mark = sameSecondMarks_.find(node); mark != sameSecondMarks_.end())
+        name.insert(name.size() - 4, mark->second);
+    return logFolder() + name;
 }
 
 // Sub-folders named like reports are listed as reports. A name without "("
@@ -59,6 +73,7 @@ std::optional<std::string> LogBrowser::reportPath(std::size_t node) const {
 void LogBrowser::loadLogs() {
     ui::Control& tree = page_.TreeView2;
     tree.clearNodes();
+    sameSecondMarks_.clear();
     Files& files = ctx_.os.files;
     for (std::string name = files.firstName(logFolder()); !name.empty(); name = files.nextName()) {
         if (!looksLikeReport(name)) continue;
@@ -66,7 +81,9 @@ void LogBrowser::loadLogs() {
         if (const auto stamp = reportStamp(name)) {
             const std::string key = dateKey(stamp->date);
             if (tree.nodeIndex(key) == ui::kNoNode) tree.addNode({}, key, stamp->date);
-            tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time);
+            const std::string mark = sameSecondMark(name);
+            if (tree.addNode(key, std::to_string(tree.nodes().size()), stamp->time) && !mark.empty())
+                sameSecondMarks_[tree.nodes().size() - 1] = mark;
         }
         ctx_.os.loop.pump();
     }
@@ -97,7 +114,7 @@ void LogBrowser::openReport() {
     }
     const auto content = ctx_.os.files.readAll(*path);
     if (!content) return;
-    std::vector<std::string> fields = reportFields(*content);
+    std::vector<std::string> fields = reportEntries(*content);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         list.addItem(std::move(fields[i]));
         if (i + 1 < fields.size()) ctx_.os.loop.pump();
@@ -122,14 +139,16 @@ void LogBrowser::scanReport() {
     const ui::Control& list = report_.List4;
     const ScannerPair scanners = scannersFromSettings(ctx_);
     bool started = true;
+    // A report's file with blanks in its path goes to the scanner as one file.
     if (list.items().size() > 1)
         walkInBatches(
             ctx_, 1, list.items().size() - 1,
             [&list](std::size_t index) { return index < list.items().size() ? list.items()[index] : std::string(); },
-            [&](const std::string& batch) {
+            [&](const FileItems& batch) {
                 started = batch.empty() || startScanners(ctx_, scanners, batch);
                 return started;
-            });
+            },
+            true);
     ctx_.os.boxes.show(started ? kScanned : scannerFailureMessage(scanners.exe1), kAppTitle, box::OkOnly);
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <unordered_map>
 
 #include "core/app_context.h"
 
@@ -59,6 +60,9 @@ private:
     ui::ReportPage& report_;
     ui::Control& setFq_;
     std::function<void()> resetPages_;
+    // The " (2)" of each time node whose report shares its second with
+    // another, by the node's index: their date and time texts are the same.
+    std::unordered_map<std::size_t, std::string> sameSecondMarks_;
 };
 
 }  // namespace tv

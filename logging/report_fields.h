@@ -14,4 +14,11 @@ namespace tv {
 // in one pass.
 std::vector<std::string> reportFields(std::string_view report);
 
+// The same for a report of either kind: one that holds no double quote (every
+// report written before files were quoted) is cut as above; in another, a
+// field that begins with a double quote runs to the next one, commas and
+// blanks and all, and what stands between that quote and the next comma
+// does not count.
+std::vector<std::string> reportEntries(std::string_view report);
+
 }  // namespace tv

@@ -76,6 +76,10 @@ public:
     // `from` holds the new file.)
     virtual bool moveOver(const std::string& from, const std::string& to) = 0;
 
+    // Makes a file that is not there yet and writes `bytes` into it. False
+    // when a file of that name exists (it is left untouched) or on failure.
+    virtual bool createNew(const std::string& path, std::string_view bytes) = 0;
+
     // Adds `bytes` at the end, creating a missing file. False on failure.
     virtual bool append(const std::string& path, std::string_view bytes) = 0;
 

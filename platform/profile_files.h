@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace tv {
 
@@ -21,6 +22,13 @@ public:
     // Writes one value; true when the system reports success.
     virtual bool put(const std::string& section, const std::string& key, const std::string& value,
                      const std::string& file) = 0;
+
+    // The names of the file's sections, in their order; none for a missing file.
+    virtual std::vector<std::string> sectionNames(const std::string& file) const = 0;
+
+    // Adds an empty section at the end of the file; true when the system
+    // reports success. For a section that is not there yet.
+    virtual bool addSection(const std::string& section, const std::string& file) = 0;
 };
 
 }  // namespace tv

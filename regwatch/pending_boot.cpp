@@ -1,6 +1,7 @@
 #include "regwatch/pending_boot.h"
 
 #include "core/text.h"
+#include "regwatch/reg_class.h"
 
 namespace tv {
 namespace {
@@ -22,6 +23,14 @@ std::vector<WininitEntry> parseWininit(std::string_view text) {
         entries.push_back({line.substr(equals + 1, end - equals - 1), deletes});
     }
     return entries;
+}
+
+std::string readPendingRenames(Registry& registry) {
+    RegClass reg(registry);
+    reg.openRegistry(hive::LocalMachine, kPendingRenameKey, RegView::Native, RegAccess::Read);
+    std::string value = reg.getValue(RegText(kPendingRenameValue)).text;
+    reg.closeRegistry();
+    return value;
 }
 
 std::vector<std::string> pendingRenameParts(std::string_view value) {

@@ -10,6 +10,8 @@
 
 namespace tv {
 
+class Registry;
+
 inline constexpr const char* kWininitName = "wininit.ini";  // in the Windows folder
 inline constexpr const char* kPendingRenameKey = "System\\CurrentControlSet\\Control\\Session Manager";
 inline constexpr const char* kPendingRenameValue = "PendingfileRenameOperations";
@@ -23,6 +25,11 @@ struct WininitEntry {
 // side is what stands in front of the first "=", the right side everything
 // behind it, up to a "*!*" if the line holds one. Neither side is trimmed.
 std::vector<WininitEntry> parseWininit(std::string_view text);
+
+// The pending rename value as text (see RegClass::getValue), read whole and
+// with read access only: a user who may not change the session manager's key
+// sees the operations all the same. Empty when it cannot be read.
+std::string readPendingRenames(Registry& registry);
 
 // The value's text as the registry access reads it, split at "\??\": the
 // text in front of the first prefix, then one part per prefix. A text without

@@ -1,8 +1,9 @@
 // RegClass, the program's one door to the registry: one open key at a time,
-// its sub-keys and value names, one value as text, and the removal of a
-// value. Every value type folds into text, with fixed buffers whose limits
-// are part of what the registry snapshot records. Nothing is ever reported:
-// failures answer false, nothing or the empty text.
+// in either view of a 64-bit system, its sub-keys and value names, one value
+// as text, and the removal of a value. Every value type folds into text;
+// names and values are read whole, however long, and names exactly as the
+// registry holds them. Nothing is ever reported: failures answer false,
+// nothing or the empty text.
 #pragma once
 
 #include <cstdint>
@@ -21,14 +22,17 @@ public:
     RegClass& operator=(const RegClass&) = delete;
 
     std::vector<std::string> getAllSubDirectories();
-    // The value names up to the first whose name or data does not fit in 240 bytes.
-    std::vector<std::string> getAllValues();
-    std::string getValue(const std::string& name);
+    // Every value's name, whatever the length of the names and data before it.
+    std::vector<RegText> getAllValues();
+    RegText getValue(const RegText& name);
     std::uint32_t registryRootKey() const { return root_; }
     const std::string& subDirectory() const { return subKey_; }
-    bool openRegistry(std::uint32_t root, const std::string& subKey);
+    // All access unless told otherwise; the other view opens only where it
+    // is a key of its own (see Registry::openKey).
+    bool openRegistry(std::uint32_t root, const std::string& subKey, RegView view = RegView::Native,
+                      RegAccess access = RegAccess::All);
     // Removes the value `name` (never a key, whatever the name says); always false.
-    bool deleteKey(const std::string& name);
+    bool deleteKey(const RegText& name);
     bool closeRegistry();
 
 private:

@@ -1,9 +1,12 @@
 #include "regwatch/registry_pass.h"
 
+#include <algorithm>
+
 #include "core/settings_store.h"
+#include "core/text.h"
 #include "regwatch/reg_class.h"
 #include "regwatch/regwatch_page.h"
-#include "regwatch/watched_locations.h"
+#include "regwatch/snapshot_encoding.h"
 
 namespace tv {
 
@@ -16,13 +19,20 @@ void RegistryPass::checkRegFile() {
     // program holds: its content is then left as it is.
     if (!files.append(ctx_.regFile, "")) return;
     ctx_.regNew = true;
-    files.writeAll(ctx_.regFile, newSnapshotText());
+    files.writeAll(ctx_.regFile, newSnapshotText(ctx_.os.registry.otherViewBits()));
     setReg();
 }
 
+// A pass started from inside a running one (a Refresh, or Scan && Update,
+// clicked while the running one lets messages through) would put its rows
+// among the running one's and end a recording half way.
 void RegistryPass::setReg() {
+    if (running_) return;
+    running_ = true;
     for (ui::Control* list : {&page_.List2, &page_.List3, &page_.List5}) list->clearItems();
     page_.List5.addItem(kWarningsHeading);
+    warningPlaces_.clear();
+    nodePlaces_.clear();
     ui::Control& tree = page_.TreeView1;
     tree.clearNodes();
     for (const WatchedRoot& root : kWatchedRoots) tree.addNode({}, root.nodeKey, root.text);
@@ -30,7 +40,12 @@ void RegistryPass::setReg() {
     // group; the user's and the classes' rows carry what it last left there.
     std::string tail;
     RegClass reg(ctx_.os.registry);
-    for (const WatchedLocation& location : kWatchedLocations) passLocation(reg, location, tail);
+    for (const WatchedLocation& location : kWatchedLocations) passLocation(reg, location, 0, tail);
+    if (const int otherView = ctx_.os.registry.otherViewBits()) {
+        addMissingSections(otherView);
+        for (const WatchedLocation& location : kWatchedLocations) passLocation(reg, location, otherView, tail);
+        recordedSections_.clear();
+    }
     if (page_.List5.items().size() == 1) {
         page_.List5.addItem(kNoWarnings);
         page_.cScnUpd.setEnabled(false);
@@ -38,24 +53,51 @@ void RegistryPass::setReg() {
         page_.cScnUpd.setEnabled(true);
     }
     ctx_.regNew = false;
+    running_ = false;
 }
 
-void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, std::string& tail) {
+// Only a file that holds the seventeen sections is added to: a missing or
+// unreadable snapshot makes every value new, in either view.
+void RegistryPass::addMissingSections(int viewBits) {
+    const std::vector<std::string> names = ctx_.os.profiles.sectionNames(ctx_.regFile);
+    const auto present = [&names](const std::string& section) {
+        return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return sameText(name, section); });
+    };
+    if (!present(kWatchedLocations.front().section)) return;
+    for (const WatchedLocation& location : kWatchedLocations) {
+        const std::string section = sectionOf(location, viewBits);
+        if (!present(section) && ctx_.os.profiles.addSection(section, ctx_.regFile)) recordedSections_.insert(section);
+    }
+}
+
+// The other view of a location shows only where it is a key of its own, under
+// a root of its own ("HKEY_LOCAL_MACHINE (32-bit)").
+void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, int viewBits, std::string& tail) {
     const WatchedRoot& root = kWatchedRoots[location.root];
     ui::Control& tree = page_.TreeView1;
-    tree.addNode(root.nodeKey, location.nodeKey, location.label);
-    reg.openRegistry(root.hive, location.keyPath);
-    for (std::string& name : reg.getAllValues()) {
-        const std::string value = reg.getValue(name);
-        if (!isDefaultOpenCommand(value)) {
-            std::string stored = storedTextOf(value);
+    const std::string suffix = viewSuffix(viewBits);
+    const std::string rootKey = root.nodeKey + suffix, locationKey = location.nodeKey + suffix;
+    const std::string rootText = rootTextOf(root, viewBits), section = sectionOf(location, viewBits);
+    const bool opened = reg.openRegistry(root.hive, location.keyPath, viewBits == 0 ? RegView::Native : RegView::Other);
+    if (viewBits != 0 && !opened) return;
+    if (tree.nodeIndex(rootKey) == ui::kNoNode) tree.addNode({}, rootKey, rootText);
+    tree.addNode(rootKey, locationKey, location.label);
+    const bool record = ctx_.regNew || recordedSections_.count(section) > 0;
+    for (const RegText& name : reg.getAllValues()) {
+        const RegText value = reg.getValue(name);
+        if (!value.spelledExactly() || !isDefaultOpenCommand(value.text)) {
+            RegText stored = storedTextOf(value);
+            const ValuePlace place{&location, viewBits, name};
             // The tree shows the name as the registry has it; a second value
             // with the same text in the group's location gets no node.
-            tree.addNode(location.nodeKey, valueNodeKey(location.groupIndex, stored), name + stored);
-            const EntryCheck result = checkRegEntry(name, stored, location.section);
+            if (tree.addNode(locationKey, valueNodeKey(location.groupIndex, suffix, stored.text), name.text + stored.text))
+                nodePlaces_[tree.nodes().size() - 1] = place;
+            std::string key;
+            const EntryCheck result = checkRegEntry(name, stored, section, key, record);
             if (result != EntryCheck::Unchanged) {
                 if (location.root == 0) tail = keyTail(location.keyPath);
-                page_.List5.addItem(warningRow(root.text, tail, name, stored, result));
+                page_.List5.addItem(warningRow(rootText, tail, key, stored.text, result));
+                warningPlaces_.push_back(place);
             }
         }
         ctx_.os.loop.pump();
@@ -63,19 +105,33 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
     reg.closeRegistry();
 }
 
-EntryCheck RegistryPass::checkRegEntry(std::string& name, std::string& storedText, const std::string& section) {
+EntryCheck RegistryPass::checkRegEntry(const RegText& name, RegText& storedText, const std::string& section,
+                                       std::string& key, bool record) {
     storedText = cutAtNul(storedText);
-    name = snapshotKey(name, storedText);
+    key = snapshotKey(name, storedText);
+    const std::string line = snapshotText(storedText);
     // A recording pass writes whatever the line holds, so it need not read it
     // first: a profile call on a file just written costs a reading of the
     // whole file.
-    if (ctx_.regNew) {
-        writeEntry(ctx_, ctx_.regFile, name, storedText, section);
+    if (record) {
+        writeEntry(ctx_, ctx_.regFile, key, line, section);
         return EntryCheck::Unchanged;
     }
-    const std::string entry = readIni(ctx_, ctx_.regFile, name, section);
+    // Read whole: a line may be longer than the 250 characters of the other
+    // profile reads (a long binary value), and a cut one would never match.
+    const std::string entry = ctx_.os.profiles.get(section, key, kSnapshotTextChars + 2, ctx_.regFile);
     if (entry.empty()) return EntryCheck::New;
-    return storedTextChanged(storedText, entry) ? EntryCheck::Modified : EntryCheck::Unchanged;
+    return storedTextChanged(line, entry) ? EntryCheck::Modified : EntryCheck::Unchanged;
+}
+
+std::optional<ValuePlace> RegistryPass::warningPlace(std::size_t row) const {
+    if (row == 0 || row > warningPlaces_.size()) return std::nullopt;
+    return warningPlaces_[row - 1];
+}
+
+std::optional<ValuePlace> RegistryPass::nodePlace(std::size_t node) const {
+    const auto found = nodePlaces_.find(node);
+    return found == nodePlaces_.end() ? std::nullopt : std::optional<ValuePlace>(found->second);
 }
 
 }  // namespace tv

@@ -33,6 +33,16 @@ std::string renderRegistryValue(std::uint32_t type, std::string_view buffer, std
     return std::string(buffer);
 }
 
+RegText registryValueText(const RegValue& value) {
+    constexpr std::size_t kQueryBuffer = 256;
+    std::string buffer = value.bytes;
+    if (buffer.size() < kQueryBuffer) buffer.resize(kQueryBuffer, ' ');
+    RegText text(renderRegistryValue(value.type, buffer, static_cast<std::uint32_t>(value.bytes.size())));
+    if (!value.exact.empty())
+        text.exact = value.type == regtype::Sz ? value.exact.substr(0, value.exact.size() - 1) : value.exact;
+    return text;
+}
+
 bool isDefaultOpenCommand(std::string_view value) { return value == "\"%1\" %*"; }
 
 std::string storedTextOf(std::string_view value) {
@@ -42,10 +52,16 @@ std::string storedTextOf(std::string_view value) {
     return stored;
 }
 
+RegText storedTextOf(const RegText& value) {
+    RegText stored(storedTextOf(value.text));
+    if (!value.spelledExactly()) stored.exact = u" (" + value.exact + u")";
+    return stored;
+}
+
 std::string cutAtNul(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
 
-std::string snapshotKey(std::string_view name, std::string_view storedText) {
-    return replaceText(name.empty() ? storedText : name, "=", "-");
+RegText cutAtNul(const RegText& text) {
+    return RegText(cutAtNul(text.text), text.exact.substr(0, text.exact.find(u'\0')));
 }
 
 bool storedTextChanged(std::string_view storedText, std::string_view entry) {
@@ -69,8 +85,8 @@ std::string warningRow(std::string_view rootText, std::string_view tail, std::st
     return row;
 }
 
-std::string valueNodeKey(int groupIndex, std::string_view storedText) {
-    return "#" + std::to_string(groupIndex) + std::string(storedText);
+std::string valueNodeKey(int groupIndex, std::string_view viewSuffix, std::string_view storedText) {
+    return "#" + std::to_string(groupIndex) + std::string(viewSuffix) + std::string(storedText);
 }
 
 }  // namespace tv

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/registry.h"
+
 namespace tv {
 
 namespace regtype {
@@ -22,17 +24,21 @@ inline constexpr std::uint32_t Binary = 3;
 // as it stands, NULs and untouched blanks kept.
 std::string renderRegistryValue(std::uint32_t type, std::string_view buffer, std::uint32_t size);
 
+// A value read in full, however long, as text: short ones exactly as from a
+// query into 256 blanks. A string the code page cannot spell keeps its exact
+// form beside, cut the same way (a string's last character dropped).
+RegText registryValueText(const RegValue& value);
+
 // The value "%1" %*, the usual content of a shell\open\command key; it is
 // never watched. The test is exact.
 bool isDefaultOpenCommand(std::string_view value);
 
 // A blank, "(", the value, ")": the form a value takes in the snapshot.
 std::string storedTextOf(std::string_view value);
+RegText storedTextOf(const RegText& value);
 // The text in front of its first NUL.
 std::string cutAtNul(std::string_view text);
-// The key of a value's snapshot line: its name, or for the key's default
-// value (no name) the stored text itself; every "=" becomes "-".
-std::string snapshotKey(std::string_view name, std::string_view storedText);
+RegText cutAtNul(const RegText& text);
 // Whether a value's stored text differs from its snapshot entry: both trimmed
 // of blanks at their ends, then compared exactly.
 bool storedTextChanged(std::string_view storedText, std::string_view entry);
@@ -49,8 +55,9 @@ std::string keyTail(std::string_view keyPath);
 std::string warningRow(std::string_view rootText, std::string_view tail, std::string_view name,
                        std::string_view storedText, EntryCheck result);
 
-// A value's tree node: keyed "#", its location's place in the group and the
-// stored text; shown as the name as the registry has it and the stored text.
-std::string valueNodeKey(int groupIndex, std::string_view storedText);
+// A value's tree node: keyed "#", its location's place in the group, the
+// other view's suffix ("/32") and the stored text; shown as the name as the
+// registry has it and the stored text.
+std::string valueNodeKey(int groupIndex, std::string_view viewSuffix, std::string_view storedText);
 
 }  // namespace tv

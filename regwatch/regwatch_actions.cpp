@@ -9,13 +9,13 @@
 #include "regwatch/reg_class.h"
 #include "regwatch/registry_pass.h"
 #include "regwatch/regwatch_page.h"
+#include "regwatch/snapshot_encoding.h"
 
 namespace tv {
 namespace {
 
 constexpr const char* kScanOneCaption = "Scan File for Viruses";
 constexpr const char* kScanAllCaption = "Scan all Files for Viruses";
-constexpr const char* kRunKeyParent = "Software\\Microsoft\\Windows\\CurrentVersion\\";
 // The words the pending view's selection skips; its heading has other words.
 constexpr const char* kOldPendingHeading =
     "The Following Files are to be Deleted or Overwritten on the next Reboot.";
@@ -47,9 +47,12 @@ RegWatchActions::RegWatchActions(AppContext& ctx, ui::RegWatchPage& page, Regist
 void RegWatchActions::enableEntryButtons(bool enabled) {
     page_.Command11.setEnabled(enabled);
     page_.Command3.setEnabled(enabled);
+    if (!enabled) selPlace_.reset();
 }
 
+// A Refresh while a pass runs is the running pass's own: it starts nothing.
 void RegWatchActions::refresh() {
+    if (pass_.running()) return;
     page_.Command11.setCaption(kScanOneCaption);
     page_.TreeView1.setVisible(true);
     page_.List6.setVisible(false);
@@ -69,6 +72,7 @@ void RegWatchActions::warningChosen() {
         return;
     }
     enableEntryButtons(true);
+    selPlace_ = pass_.warningPlace(static_cast<std::size_t>(index));
     std::string row = rows[static_cast<std::size_t>(index)];
     selEntry_ = inFrontOf(withTrailingBackslash(row), "\\");
     if (rightText(row, 2) != ") ") {
@@ -94,6 +98,7 @@ void RegWatchActions::nodeChosen() {
         return;
     }
     enableEntryButtons(true);
+    selPlace_ = pass_.nodePlace(node);
     page_.Label19.setCaption(nodes[node].text);
     page_.Text4.setCaption(nodes[node].text);
     const std::string path = withTrailingBackslash(tree.fullPath(node));
@@ -109,32 +114,28 @@ void RegWatchActions::pendingFileChosen() {
     if (row != kOldPendingHeading) page_.Text4.setCaption(row);
 }
 
-// Only values of the Run keys are deleted, in the key the location's label
-// names ("Loaded in RunOnce": ...\CurrentVersion\RunOnce). A warning row's
-// label carries the key tail the pass gave it, so a row of another group may
-// name the wrong key, and its value then stays: the tree names the right one.
+// The chosen row's or node's own value goes: under the root, in the view and
+// in the key where the pass found it, by its exact name. A shell\open\command
+// value is part of how programs start at all, and is never deleted.
 void RegWatchActions::deleteKey() {
-    const std::size_t bar = inStr(1, selEntry_, "|");
-    const std::string root = inFrontOf(selEntry_, "|");
-    const std::string location = bar == 0 ? std::string() : midText(selEntry_, bar + 1);
-    const std::string name = trimBlanks(inFrontOf(page_.Label19.caption(), "("));
-
-    if (leftText(location, 1) == "S") {
-        // A shell\open\command value is part of how programs start at all.
+    if (!selPlace_) return;
+    const ValuePlace place = *selPlace_;
+    const WatchedLocation& location = *place.location;
+    if (location.removal() == Removal::EditByHand) {
         if (ctx_.os.boxes.show("This key will not be deleted.\r\nYou must change the value manually. Would you "
                                "like to open the Registry for Editing now?",
                                "Caution", box::YesNo) != box::No)
             ctx_.os.processes.start("regedit.exe", show::MinimizedFocus);
         return;
     }
-    const std::string path = kRunKeyParent + getBetween(location + "|", 1, "in ", "|");
-    const std::string question = "WARNING!\r\nYou are about to Delete the key: " + name + "\r\nFrom: " + root + "\\" +
-                                 path + "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
+    const WatchedRoot& root = kWatchedRoots[location.root];
+    const std::string question = "WARNING!\r\nYou are about to Delete the key: " + shownName(place.name) +
+                                 "\r\nFrom: " + rootTextOf(root, place.viewBits) + "\\" + location.keyPath +
+                                 "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
     if (ctx_.os.boxes.show(question, kAppTitle, box::YesNo) == box::No) return;
     RegClass reg(ctx_.os.registry);
-    if (root == "HKEY_LOCAL_MACHINE") reg.openRegistry(hive::LocalMachine, path);
-    if (root == "HKEY_CURRENT_USER") reg.openRegistry(hive::CurrentUser, path);
-    reg.deleteKey(name);  // says nothing: the refresh shows whether the value went
+    reg.openRegistry(root.hive, location.keyPath, place.viewBits == 0 ? RegView::Native : RegView::Other);
+    reg.deleteKey(place.name);  // says nothing: the refresh shows whether the value went
     reg.closeRegistry();
     page_.Text4.setCaption({});
     page_.Command3.setEnabled(false);
@@ -153,12 +154,15 @@ void RegWatchActions::scanFile() {
         ctx_.os.boxes.show("Cannot find file, please scan manually", kAppTitle, box::OkOnly);
         return;
     }
-    startEachScanner(ctx_, scanners, singleFileItem(ctx_, cut.path));
+    startEachScanner(ctx_, scanners, {singleFileItem(ctx_, cut.path)});
 }
 
 // Accepting is unconditional: whatever the scanners find, the values as
 // they stand now become the snapshot's.
 void RegWatchActions::scanAndUpdateWarnings() {
+    // While a pass runs its warnings are not all there, and its recording
+    // could not start: the click waits for the pass's end.
+    if (pass_.running()) return;
     const bool pending = page_.List6.visible();
     ui::Control& source = pending ? page_.List6 : page_.List5;
     // A list holding no more than its heading has nothing to scan, and
@@ -166,7 +170,7 @@ void RegWatchActions::scanAndUpdateWarnings() {
     if (source.items().size() < 2) return;
     const ScannerPair scanners = scannersFromSettings(ctx_);
     const SearchFolders folders{getWinDir(ctx_), getSysDir(ctx_)};
-    std::string files;
+    FileItems files;
     // The list is read again for every row: a message box lets clicks in.
     for (std::size_t row = 1; row < source.items().size(); ++row) {
         std::string text = source.items()[row];
@@ -180,13 +184,12 @@ void RegWatchActions::scanAndUpdateWarnings() {
         if (!cut.found && ctx_.shutAction == kNoShutdown)
             ctx_.os.boxes.show("Unable to find the file: " + cut.text + "\r\nPlease scan manually.", kAppTitle,
                                box::OkOnly);
-        files += singleRunItem(ctx_, cut.found ? cut.path : std::string());
+        files.push_back(singleRunItem(ctx_, cut.found ? cut.path : std::string()));
     }
     startEachScanner(ctx_, scanners, files);
     ctx_.regNew = true;
     pass_.setReg();
-    std::string report = (pending ? kPendingLogTitle : kRegistryLogTitle) + files;
-    writeLog(ctx_, report);
+    writeLog(ctx_, pending ? kPendingLogTitle : kRegistryLogTitle, files);
     ctx_.regNew = false;
 }
 
@@ -206,10 +209,7 @@ void RegWatchActions::showPendingOperations() {
         }
         for (const WininitEntry& entry : parseWininit(*text)) rows.push_back(pendingRow(entry));
     }
-    RegClass reg(ctx_.os.registry);
-    reg.openRegistry(hive::LocalMachine, kPendingRenameKey);
-    for (std::string& file : parsePendingRenames(reg.getValue(kPendingRenameValue))) rows.push_back(std::move(file));
-    reg.closeRegistry();
+    for (std::string& file : parsePendingRenames(readPendingRenames(ctx_.os.registry))) rows.push_back(std::move(file));
     page_.List6.setItems(std::move(rows));
     if (page_.List6.items().size() >= 2)
         page_.Command11.setEnabled(true);

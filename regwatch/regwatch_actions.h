@@ -6,9 +6,11 @@
 // delete at its next start.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/app_context.h"
+#include "regwatch/watched_locations.h"
 
 namespace tv {
 
@@ -55,6 +57,7 @@ private:
     ui::RegWatchPage& page_;
     RegistryPass& pass_;
     std::string selEntry_;
+    std::optional<ValuePlace> selPlace_;  // where the chosen entry's value stands
 };
 
 }  // namespace tv

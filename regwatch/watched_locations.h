@@ -1,11 +1,15 @@
 // The seventeen registry keys RegWatch guards: the autostart keys and the
 // shell\open\command keys of five executable file types, in three groups by
-// root, each with its snapshot section, its tree label and its tree key.
+// root, each with its snapshot section, its tree label and its tree key. On a
+// 64-bit system each may exist twice, once in either view of the registry:
+// the program's own view keeps the table's names, the other view's are told
+// by its width ("LM/R/32", "HKEY_LOCAL_MACHINE (32-bit)").
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/registry.h"
 
@@ -23,6 +27,10 @@ inline constexpr std::array<WatchedRoot, 3> kWatchedRoots{{
     {"HKEY_CLASSES_ROOT", "ROOT", hive::ClassesRoot},
 }};
 
+// What Delete Key does with a location's value: removes it, or, for the keys
+// through which every program of a type starts, only offers the registry editor.
+enum class Removal { DeleteValue, EditByHand };
+
 struct WatchedLocation {
     std::size_t root;     // index into kWatchedRoots
     int groupIndex;       // 1-based place inside its root's group
@@ -30,6 +38,11 @@ struct WatchedLocation {
     const char* keyPath;
     const char* label;    // the location's node in the tree
     const char* nodeKey;
+
+    // The shell\open\command keys are part of how programs start at all.
+    Removal removal() const {
+        return std::string_view(keyPath).ends_with("shell\\open\\command") ? Removal::EditByHand : Removal::DeleteValue;
+    }
 };
 
 // In the order of the pass: the machine's ten, the user's two, the classes' five.
@@ -54,7 +67,22 @@ inline constexpr std::array<WatchedLocation, 17> kWatchedLocations{{
     {2, 5, "CR/SP", "piffile\\shell\\open\\command", "Spawned with PIF's", "!RSWP"},
 }};
 
-// A new snapshot file: every section line followed by an empty line, CR LF.
-std::string newSnapshotText();
+// A new snapshot file: every section line followed by an empty line, CR LF;
+// the seventeen, then, on a system with two views, the other view's.
+std::string newSnapshotText(int otherViewBits);
+
+// A view is told by its width in bits; 0 stands for the program's own view.
+// The other view's names carry it: "/32" behind section codes and node keys,
+// " (32-bit)" behind the root's text.
+std::string viewSuffix(int viewBits);
+std::string sectionOf(const WatchedLocation& location, int viewBits);
+std::string rootTextOf(const WatchedRoot& root, int viewBits);
+
+// Where the value of a warning row or of a tree node stands.
+struct ValuePlace {
+    const WatchedLocation* location = nullptr;
+    int viewBits = 0;
+    RegText name;  // exactly as the registry holds it
+};
 
 }  // namespace tv

@@ -7,7 +7,6 @@
 #include "logging/unattended_boxes.h"
 #include "logging/write_log.h"
 #include "regwatch/pending_boot.h"
-#include "regwatch/reg_class.h"
 #include "regwatch/registry_text.h"
 #include "shutdown/logoff_form.h"
 #include "shutdown/power_off.h"
@@ -83,12 +82,11 @@ void ShutdownSequence::checkWinInit() {
 // The first scanner only with files to scan; the second whenever it is set
 // up, files or none. A scanner without a program is not started: its command
 // line would begin with the first file.
-void ShutdownSequence::runScanners(const std::string& batch) {
+void ShutdownSequence::runScanners(const std::vector<std::string>& batch) {
     const std::string& exe1 = scanners_.Text5.caption();
     const std::string& exe2 = scanners_.Text1.caption();
-    if (!batch.empty() && !trimBlanks(exe1).empty())
-        runScanner(ctx_, exe1 + " " + scanners_.Text6.caption() + " " + batch);
-    if (!trimBlanks(exe2).empty()) runScanner(ctx_, exe2 + " " + scanners_.Text2.caption() + " " + batch);
+    if (!batch.empty() && !trimBlanks(exe1).empty()) runScannerWith(ctx_, exe1, scanners_.Text6.caption(), batch);
+    if (!trimBlanks(exe2).empty()) runScannerWith(ctx_, exe2, scanners_.Text2.caption(), batch);
 }
 
 // A file as a batch holds it, shortened first when the settings ask for
@@ -101,14 +99,12 @@ std::string ShutdownSequence::batchItemIfThere(const std::string& file) {
 void ShutdownSequence::scanWininit() {
     const std::string path = getWinDir(ctx_) + kWininitName;
     if (!fileThere(ctx_, path)) return;
-    std::string batch;
+    FileItems batch;
     if (const auto text = ctx_.os.files.readAll(path))
-        for (const WininitEntry& entry : parseWininit(*text)) batch += batchItemIfThere(entry.file);
+        for (const WininitEntry& entry : parseWininit(*text))
+            if (std::string item = batchItemIfThere(entry.file); !item.empty()) batch.push_back(std::move(item));
     runScanners(batch);
-    if (!batch.empty()) {
-        std::string report = kWininitTitle + batch;
-        writeLog(ctx_, report);
-    }
+    if (!batch.empty()) writeLog(ctx_, kWininitTitle, batch);
     progress_.ProgressBar1.setValue(50);
 }
 
@@ -116,32 +112,31 @@ void ShutdownSequence::scanWininit() {
 // the run being built is not taken twice; every file taken counts, whether
 // it is still there or not.
 void ShutdownSequence::scanPendingRenames() {
-    RegClass reg(ctx_.os.registry);
-    reg.openRegistry(hive::LocalMachine, kPendingRenameKey);
-    const std::vector<std::string> parts = pendingRenameParts(reg.getValue(kPendingRenameValue));
-    reg.closeRegistry();
+    const std::vector<std::string> parts = pendingRenameParts(readPendingRenames(ctx_.os.registry));
     if (parts.empty()) return;
-    std::string batch, collected;
+    FileItems batch, collected;
+    std::string batchText;  // the run being built, as the test for a file taken twice reads it
     std::int32_t taken = 0;
     for (std::size_t index = 0; index < parts.size(); ++index) {
         if (!trimBlanks(parts[index]).empty()) {
             const std::string file = pendingRenameFile(parts[index]);
-            if (batch.find(file) == std::string::npos) {
+            if (batchText.find(file) == std::string::npos) {
                 ++taken;
-                batch += batchItemIfThere(file);
+                if (std::string item = batchItemIfThere(file); !item.empty()) {
+                    batchText += item;
+                    batch.push_back(std::move(item));
+                }
             }
         }
         if (index + 1 < parts.size() && taken < ctx_.passCount) continue;
         runScanners(batch);
-        collected += batch;
+        collected.insert(collected.end(), batch.begin(), batch.end());
         batch.clear();
+        batchText.clear();
         taken = 0;
     }
     progress_.ProgressBar1.setValue(100);
-    if (!collected.empty()) {
-        std::string report = kRegistryTitle + collected;
-        writeLog(ctx_, report);
-    }
+    if (!collected.empty()) writeLog(ctx_, kRegistryTitle, collected);
 }
 
 void ShutdownSequence::preShut1() {

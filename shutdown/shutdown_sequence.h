@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/app_context.h"
 
@@ -54,7 +55,7 @@ public:
 private:
     void scanWininit();
     void scanPendingRenames();
-    void runScanners(const std::string& batch);
+    void runScanners(const std::vector<std::string>& batch);
     std::string batchItemIfThere(const std::string& file);
     void status(const char* line);
     void timerTick();

@@ -87,7 +87,7 @@ void MainActions::visitPage(const char* page) {
 void MainActions::checkForUpdates() {
     RegClass reg(ctx_.os.registry);
     reg.openRegistry(hive::LocalMachine, kUpdateUtilityKey);
-    const std::string folder = reg.getValue("Inno Setup: App Path");
+    const std::string folder = reg.getValue(RegText("Inno Setup: App Path")).text;
     reg.closeRegistry();
     if (folder.empty()) {
         if (ctx_.os.boxes.show(kUpdateUtilityMissing, kAppTitle, box::YesNo) == box::Yes) visitPage(kUpdateUtilityPage);

@@ -16,12 +16,12 @@ constexpr std::uint32_t kPathChars = 260;
 // opening it asks for all access, which only an administrator is given.
 std::string installLocation(Registry& registry, const std::string& entry) {
     Registry::Key key = 0;
-    if (registry.openKey(hive::LocalMachine, kUninstallKey + entry, key) != 0) return {};
-    std::string buffer(kPathChars, '\0');
-    std::uint32_t type = 0, size = kPathChars;
-    const long result = registry.queryValue(key, "InstallLocation", buffer, type, size);
+    if (registry.openKey(hive::LocalMachine, kUninstallKey + entry, RegView::Native, RegAccess::All, key) != 0)
+        return {};
+    RegValue value;
+    const long result = registry.queryValue(key, RegText("InstallLocation"), value);
     registry.closeKey(key);
-    return result == 0 ? buffer.substr(0, buffer.find('\0')) : std::string();
+    return result == 0 ? value.bytes.substr(0, value.bytes.find('\0')) : std::string();
 }
 
 std::string startupFolder(const AppContext& ctx, int csidl) {

@@ -164,6 +164,12 @@ bool Win32Files::moveOver(const std::string& from, const std::string& to) {
     return ::MoveFileA(from.c_str(), to.c_str()) != 0;
 }
 
+bool Win32Files::createNew(const std::string& path, std::string_view bytes) {
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.valid() && writeWhole(file.get(), bytes);
+}
+
 bool Win32Files::append(const std::string& path, std::string_view bytes) {
     UniqueFile file = openForAppending(path);
     return file.valid() && writeWhole(file.get(), bytes);

@@ -15,6 +15,7 @@ public:
     bool writeAll(const std::string& path, std::string_view bytes) override;
     bool writeThrough(const std::string& path, std::string_view bytes) override;
     bool moveOver(const std::string& from, const std::string& to) override;
+    bool createNew(const std::string& path, std::string_view bytes) override;
     bool append(const std::string& path, std::string_view bytes) override;
     bool makeFolder(const std::string& path) override;
     bool copy(const std::string& from, const std::string& to) override;

@@ -1,17 +1,113 @@
+#include <vector>
+
+#include "platform/win32/system_function.h"
+#include "platform/win32/unique_handle.h"
 #include "platform/win32/win32_system.h"
 
 namespace tv::win32 {
 namespace {
 
+using UniqueKey = UniqueHandle<KeyTraits>;
+static_assert(sizeof(wchar_t) == sizeof(char16_t));
+
 HKEY handleOf(Registry::Key key) { return reinterpret_cast<HKEY>(key); }
+HKEY rootOf(std::uint32_t root) { return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(root)); }
+const wchar_t* wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
+
+std::string codePageText(const wchar_t* text, std::size_t length) {
+    if (length == 0) return {};
+    const int count = ::WideCharToMultiByte(CP_ACP, 0, text, static_cast<int>(length), nullptr, 0, nullptr, nullptr);
+    std::string spelled(static_cast<std::size_t>(count), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, text, static_cast<int>(length), spelled.data(), count, nullptr, nullptr);
+    return spelled;
+}
+
+std::u16string utf16Text(const std::string& text) {
+    if (text.empty()) return {};
+    const int count = ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
+    std::u16string units(static_cast<std::size_t>(count), u'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                          reinterpret_cast<wchar_t*>(units.data()), count);
+    return units;
+}
+
+// The code page's spelling, and the UTF-16 itself where that spelling does
+// not lead back to it (a character without a letter in the code page, or one
+// the system spells with a look-alike).
+RegText fromUtf16(std::u16string units) {
+    std::string spelled = codePageText(reinterpret_cast<const wchar_t*>(units.data()), units.size());
+    if (utf16Text(spelled) == units) return RegText(std::move(spelled));
+    return RegText(std::move(spelled), std::move(units));
+}
+
+std::u16string utf16Of(const RegText& name) { return name.spelledExactly() ? utf16Text(name.text) : name.exact; }
+
+bool isStringType(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
+
+// The registry's own path of an open key ("\REGISTRY\MACHINE\SOFTWARE\..."),
+// by which two handles are told to be one key; empty when the system does
+// not say.
+std::u16string keyPath(HKEY key) {
+    using QueryKey = LONG(NTAPI*)(HANDLE, int, PVOID, ULONG, PULONG);
+    static const auto query = systemFunction<QueryKey>("ntdll.dll", "NtQueryKey");
+    constexpr int kKeyNameInformation = 3;
+    if (!query) return {};
+    std::vector<BYTE> buffer(1024);
+    for (;;) {
+        ULONG needed = 0;
+        const LONG status = query(key, kKeyNameInformation, buffer.data(), static_cast<ULONG>(buffer.size()), &needed);
+        if (status == 0) {
+            const ULONG bytes = *reinterpret_cast<const ULONG*>(buffer.data());
+            return std::u16string(reinterpret_cast<const char16_t*>(buffer.data() + sizeof(ULONG)), bytes / 2);
+        }
+        if (needed <= buffer.size()) return {};
+        buffer.resize(needed);
+    }
+}
+
+// Whether the other view's key is the native view's own, as the shared
+// parts of the registry are (HKEY_CURRENT_USER's Run key, and from Windows 7
+// on most file types). When the system cannot say, the keys count as two:
+// a key shown twice hides nothing.
+bool sharedWithNative(HKEY root, const std::string& subKey, HKEY other) {
+    HKEY opened = nullptr;
+    if (::RegOpenKeyExA(root, subKey.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) return false;
+    UniqueKey native(opened);
+    const std::u16string path = keyPath(native.get());
+    return !path.empty() && ::CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, wide(path), -1,
+                                             wide(keyPath(other)), -1) == CSTR_EQUAL;
+}
 
 }  // namespace
 
-long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, Key& key) {
+int Win32Registry::otherViewBits() const {
+#ifdef _WIN64
+    return 32;  // a 64-bit program runs on a 64-bit system only
+#else
+    using IsWow64 = BOOL(WINAPI*)(HANDLE, PBOOL);
+    static const auto isWow64 = systemFunction<IsWow64>("kernel32.dll", "IsWow64Process");
+    BOOL wow64 = FALSE;
+    return isWow64 && isWow64(::GetCurrentProcess(), &wow64) && wow64 ? 64 : 0;
+#endif
+}
+
+long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access,
+                            Key& key) {
+    key = 0;
+    REGSAM rights = access == RegAccess::All ? KEY_ALL_ACCESS : KEY_READ;
+    if (view == RegView::Other) {
+        const int bits = otherViewBits();
+        if (bits == 0) return ERROR_FILE_NOT_FOUND;
+        rights |= bits == 32 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    }
     HKEY opened = nullptr;
-    const LONG result = ::RegOpenKeyExA(reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(root)), subKey.c_str(), 0,
-                                        KEY_ALL_ACCESS, &opened);
-    key = result == ERROR_SUCCESS ? reinterpret_cast<Key>(opened) : 0;
+    const LONG result = ::RegOpenKeyExA(rootOf(root), subKey.c_str(), 0, rights, &opened);
+    if (result != ERROR_SUCCESS) return result;
+    if (view == RegView::Other && sharedWithNative(rootOf(root), subKey, opened)) {
+        ::RegCloseKey(opened);
+        return ERROR_FILE_NOT_FOUND;
+    }
+    key = reinterpret_cast<Key>(opened);
     return result;
 }
 
@@ -19,25 +115,52 @@ long Win32Registry::enumKey(Key key, std::uint32_t index, std::string& buffer) {
     return ::RegEnumKeyA(handleOf(key), index, buffer.data(), static_cast<DWORD>(buffer.size()));
 }
 
-long Win32Registry::enumValue(Key key, std::uint32_t index, std::string& name, std::uint32_t nameSize,
-                              std::string& data, std::uint32_t dataSize) {
-    DWORD nameLength = nameSize, dataLength = dataSize;
-    return ::RegEnumValueA(handleOf(key), index, name.data(), &nameLength, nullptr, nullptr,
-                           reinterpret_cast<BYTE*>(data.data()), &dataLength);
+// The buffers start at what nearly every name and value fits in, and grow to
+// what the system asks for, however long (the one-call reading of the
+// ordinary case costs no more than the fixed buffers did).
+long Win32Registry::enumValue(Key key, std::uint32_t index, RegText& name) {
+    std::u16string units(256, u'\0');
+    for (;;) {
+        DWORD length = static_cast<DWORD>(units.size());
+        const LONG result = ::RegEnumValueW(handleOf(key), index, reinterpret_cast<wchar_t*>(units.data()), &length,
+                                            nullptr, nullptr, nullptr, nullptr);
+        if (result == ERROR_MORE_DATA) {
+            units.resize(units.size() * 2);
+            continue;
+        }
+        if (result != ERROR_SUCCESS) return result;
+        units.resize(length);
+        name = fromUtf16(std::move(units));
+        return result;
+    }
 }
 
-long Win32Registry::queryValue(Key key, const std::string& name, std::string& buffer, std::uint32_t& type,
-                               std::uint32_t& size) {
-    DWORD valueType = 0, length = static_cast<DWORD>(buffer.size());
-    const LONG result = ::RegQueryValueExA(handleOf(key), name.c_str(), nullptr, &valueType,
-                                           reinterpret_cast<BYTE*>(buffer.data()), &length);
-    type = valueType;
-    size = length;
-    return result;
+long Win32Registry::queryValue(Key key, const RegText& name, RegValue& value) {
+    const std::u16string valueName = utf16Of(name);
+    DWORD type = 0, size = 1024;
+    std::vector<BYTE> data;
+    for (LONG result = ERROR_MORE_DATA; result != ERROR_SUCCESS;) {
+        data.resize(size);
+        result = ::RegQueryValueExW(handleOf(key), wide(valueName), nullptr, &type, data.data(), &size);
+        if (result != ERROR_SUCCESS && result != ERROR_MORE_DATA) return result;
+    }
+    data.resize(size);
+    value.type = type;
+    value.exact.clear();
+    if (!isStringType(type)) {
+        value.bytes.assign(data.begin(), data.end());
+        return ERROR_SUCCESS;
+    }
+    // Strings come as the ANSI call would give them: every character,
+    // embedded NULs too, in the code page.
+    RegText text = fromUtf16(std::u16string(reinterpret_cast<const char16_t*>(data.data()), data.size() / 2));
+    value.bytes = std::move(text.text);
+    value.exact = std::move(text.exact);
+    return ERROR_SUCCESS;
 }
 
-long Win32Registry::deleteValue(Key key, const std::string& name) {
-    return ::RegDeleteValueA(handleOf(key), name.c_str());
+long Win32Registry::deleteValue(Key key, const RegText& name) {
+    return ::RegDeleteValueW(handleOf(key), wide(utf16Of(name)));
 }
 
 long Win32Registry::closeKey(Key key) { return ::RegCloseKey(handleOf(key)); }

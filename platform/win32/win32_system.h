@@ -21,6 +21,8 @@ public:
                     const std::string& file) const override;
     bool put(const std::string& section, const std::string& key, const std::string& value,
              const std::string& file) override;
+    std::vector<std::string> sectionNames(const std::string& file) const override;
+    bool addSection(const std::string& section, const std::string& file) override;
 };
 
 class Win32Shell final : public Shell {
@@ -90,13 +92,12 @@ public:
 
 class Win32Registry final : public Registry {
 public:
-    long openKey(std::uint32_t root, const std::string& subKey, Key& key) override;
+    int otherViewBits() const override;
+    long openKey(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access, Key& key) override;
     long enumKey(Key key, std::uint32_t index, std::string& buffer) override;
-    long enumValue(Key key, std::uint32_t index, std::string& name, std::uint32_t nameSize, std::string& data,
-                   std::uint32_t dataSize) override;
-    long queryValue(Key key, const std::string& name, std::string& buffer, std::uint32_t& type,
-                    std::uint32_t& size) override;
-    long deleteValue(Key key, const std::string& name) override;
+    long enumValue(Key key, std::uint32_t index, RegText& name) override;
+    long queryValue(Key key, const RegText& name, RegValue& value) override;
+    long deleteValue(Key key, const RegText& name) override;
     long closeKey(Key key) override;
 };
 

@@ -223,8 +223,9 @@ TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
     const auto batches = [&](const Texts& entries, std::size_t first, std::size_t last, bool goOn = true) {
         Texts out;
         walkInBatches(ctx, first, last, [&](std::size_t i) { return i < entries.size() ? entries[i] : std::string(); },
-                      [&](const std::string& batch) {
-                          out.push_back(batch);
+                      [&](const FileItems& batch) {
+                          out.emplace_back();
+                          for (const std::string& item : batch) out.back() += item;
                           return goOn;
                       });
         return out;

@@ -37,6 +37,9 @@ public:
     std::optional<std::string> readAll(const std::string& path) const override;
     bool writeAll(const std::string& path, std::string_view bytes) override;
     bool writeThrough(const std::string& path, std::string_view bytes) override { return writeAll(path, bytes); }
+    bool createNew(const std::string& path, std::string_view bytes) override {
+        return !content(path) && writeAll(path, bytes);
+    }
     bool moveOver(const std::string& from, const std::string& to) override;
     bool append(const std::string& path, std::string_view bytes) override;
     bool makeFolder(const std::string& path) override;
@@ -71,6 +74,11 @@ public:
     std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
+    std::vector<std::string> sectionNames(const std::string&) const override {
+        get({}, {}, 0, {});
+        return {};
+    }
+    bool addSection(const std::string&, const std::string&) override { return put({}, {}, {}, {}); }
 };
 
 class FixedShell final : public Shell {
@@ -187,13 +195,12 @@ struct RecordingHost final : ScanHost {
 class NoRegistry : public Registry {
 public:
     static constexpr long kNotFound = 2;
-    long openKey(std::uint32_t, const std::string&, Key&) override { return kNotFound; }
+    int otherViewBits() const override { return 0; }
+    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key&) override { return kNotFound; }
     long enumKey(Key, std::uint32_t, std::string&) override { return kNotFound; }
-    long enumValue(Key, std::uint32_t, std::string&, std::uint32_t, std::string&, std::uint32_t) override {
-        return kNotFound;
-    }
-    long queryValue(Key, const std::string&, std::string&, std::uint32_t&, std::uint32_t&) override { return kNotFound; }
-    long deleteValue(Key, const std::string&) override { return kNotFound; }
+    long enumValue(Key, std::uint32_t, RegText&) override { return kNotFound; }
+    long queryValue(Key, const RegText&, RegValue&) override { return kNotFound; }
+    long deleteValue(Key, const RegText&) override { return kNotFound; }
     long closeKey(Key) override { return kNotFound; }
 };
 

@@ -193,6 +193,8 @@ struct RefusingProfiles final : ProfileFiles {
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override {
         return false;
     }
+    std::vector<std::string> sectionNames(const std::string&) const override { return {}; }
+    bool addSection(const std::string&, const std::string&) override { return false; }
 };
 
 TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {

@@ -32,7 +32,8 @@ export TARVELON_FAKESCAN_LOG
 TARVELON_FAKESCAN_LOG=$(windows_path "$WORK/scans.log")
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
-[ "$(grep -c '^\[' "$app/Data/Registry.dat")" == 17 ] || fail "the first start made no snapshot of seventeen sections"
+[ "$(grep -c '^\[[A-Z]*/[A-Z]*\]' "$app/Data/Registry.dat")" == 17 ] || fail "the first start made no snapshot of seventeen sections"
+[ "$(grep -c '^\[[A-Z]*/[A-Z]*/32\]' "$app/Data/Registry.dat")" == 17 ] || fail "the snapshot has no sections of the 32-bit view"
 
 # The page shows what the start-up pass left; Refresh shows the new value.
 wine reg add "$run" /v TarvelonE2E /d "$dir\\new-tool.exe /autorun" /f >"$WORK/.reg" 2>&1 || fail "cannot add a Run value"

@@ -43,7 +43,7 @@ protected:
 };
 
 // The regional date with "/" made "-" and each part but the last padded, the time without blanks and with "_" for
-// ":". A blank in a path makes two fields.
+// ":".
 TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
                                            {"1-5-9", "11:59:59 AM", "01-05-9(11_59_59AM)"},
@@ -52,23 +52,50 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
         os.clock.now = {date, time};
         EXPECT_EQ(logFileName(ctx), folder + name + ".log");
     }
-    std::string blanks = "Heading,\"C:\\A B.DLL\" C:\\C.DLL ", nothing = "Heading,no files here", heading = "H,";
-    ASSERT_EQ(writeLog(ctx, blanks), LogOutcome::Written);
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,C:\\A,B.DLL,C:\\C.DLL\r\n");
-    EXPECT_EQ(blanks, "Heading,C:\\A,B.DLL,C:\\C.DLL");  // the caller's text is changed
-    EXPECT_EQ(writeLog(ctx, nothing), LogOutcome::Skipped);  // no "." in it: no file either
+    // A file with a blank stays whole in quotes; a second report of the second gets a name of its own.
+    const Texts blanks{"\"C:\\A B.DLL\" ", "C:\\C.DLL "}, nothing{"no files here"};
+    ASSERT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Written);
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,\"C:\\A B.DLL\",C:\\C.DLL\r\n");
+    EXPECT_EQ(writeLog(ctx, "Heading,", nothing), LogOutcome::Skipped);  // no "." in it: no file either
     window.settings.Check7.setValue(0);
-    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 0);
     ctx.shutAction = 1;  // a secure shut-down learns of the files even with logging off
-    EXPECT_EQ(writeLog(ctx, blanks), LogOutcome::Skipped);
+    EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 1);
-    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Written);  // forced: the heading alone
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "H,\r\n");
+    EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Written);  // forced: the heading alone
+    EXPECT_EQ(*os.files.content(logFileName(ctx, {}, 2)), "H,\r\n");
+    EXPECT_EQ(logFileName(ctx, {}, 2), folder + "03--5(ab_c) (2).log");
     os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
     os.boxes.answers = {box::Ok};
-    EXPECT_EQ(writeLog(ctx, heading, true), LogOutcome::Failed);  // and the user is told, once
+    EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Failed);  // and the user is told, once
     EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
+}
+
+// Two reports of one second keep a file and a node each; a path with a blank
+// or a comma stays whole in the report, and goes to the scanner as one item
+// also with quoting off. A report of the former kind opens as it always did.
+TEST_F(Reports, ReportsOfOneSecondAndPathsWithBlanksStayWhole) {
+    os.clock.now = {"3/5/2006", "3:04:07 PM"};
+    ASSERT_EQ(writeLog(ctx, "First,", {"\"C:\\P F\\x.dll\" ", " \"C:\\a,b.dll\"", "C:\\c.dll "}), LogOutcome::Written);
+    ASSERT_EQ(writeLog(ctx, "Second,", {"C:\\second.dll "}), LogOutcome::Written);
+    EXPECT_EQ(*os.files.content(logFileName(ctx)), "First,\"C:\\P F\\x.dll\",\"C:\\a,b.dll\",C:\\c.dll\r\n");
+    report("03-04-2006(1_00_00AM).log", "Former,C:\\Program,Files\\y.dll\r\n");
+    page.cReports.userClick();
+    EXPECT_EQ(tree(), (Texts{"03-04-2006", "03-04-2006\\1:00:00 AM", "03-05-2006", "03-05-2006\\3:04:07 PM",
+                             "03-05-2006\\3:04:07 PM"}));
+    Texts opened;
+    for (const std::size_t node : {1, 3, 4}) {
+        tree_.userSelectNode(node);
+        page.cViewReport.userClick();
+        for (const std::string& entry : list) opened.push_back(entry);
+    }
+    EXPECT_EQ(opened, (Texts{"Former", "C:\\Program", "Files\\y.dll", "Second", "C:\\second.dll", "First",
+                             "C:\\P F\\x.dll", "C:\\a,b.dll", "C:\\c.dll"}));
+    ctx.quoteChar.clear();
+    ctx.passCount = 3;
+    click(window.report.cScnLog, {box::Ok});
+    EXPECT_EQ(os.processes.started.back().first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
 }
 
 // A date is padded as in the report's name; a time gets its colons and its blank before AM or PM. The nodes come as

@@ -19,9 +19,9 @@ using Lines = std::vector<std::string>;
 // The session manager's key, whose pending renames (REG_MULTI_SZ) every query finds.
 struct PendingRenames final : test::NoRegistry {
     std::string value;
-    long openKey(std::uint32_t, const std::string&, Key& key) override { return key = 1, 0; }
-    long queryValue(Key, const std::string&, std::string& buffer, std::uint32_t& type, std::uint32_t& size) override {
-        buffer.replace(0, value.size(), value), type = 7, size = static_cast<std::uint32_t>(value.size());
+    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key& key) override { return key = 1, 0; }
+    long queryValue(Key, const RegText&, RegValue& read) override {
+        read.type = 7, read.bytes = value;
         return 0;
     }
 };
@@ -147,8 +147,11 @@ TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxC
               (Lines{"one.exe /x \"C:\\P\\old.dll\" ", "two.exe -y \"C:\\P\\old.dll\" ", "one.exe /x \"C:\\P\\a.x\" ",
                      "two.exe -y \"C:\\P\\a.x\" ", "one.exe /x \"C:\\P\\b.x\" \"C:\\P\\c.x\" ",
                      "two.exe -y \"C:\\P\\b.x\" \"C:\\P\\c.x\" "}));
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "The following Files were scanned as a precaution (being renamed or "
-                                                   "deleted from the Registry),C:\\P\\a.x,C:\\P\\b.x,C:\\P\\c.x\r\n");
+    // Both reports of the same second keep their own file.
+    EXPECT_EQ(*os.files.content(logFileName(ctx)) + *os.files.content(logFileName(ctx, {}, 2)),
+              "The following Files were scanned as a precaution (being renamed or deleted from Wininit),C:\\P\\old.dll"
+              "\r\nThe following Files were scanned as a precaution (being renamed or deleted from the Registry),"
+              "C:\\P\\a.x,C:\\P\\b.x,C:\\P\\c.x\r\n");
     EXPECT_EQ(progress.ProgressBar1.value(), 100);
     os.files.put("C:\\WINDOWS\\wininit.ini", "NUL=C:\\P\\gone.dll");
     registry.value.clear();  // no pending value: the bar stays where wininit.ini left it

@@ -292,14 +292,14 @@ const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Un
 struct SetupEntry final : test::NoRegistry {
     std::string name, folder;
     bool administrator = true;
-    long openKey(std::uint32_t root, const std::string& subKey, Key& key) override {
+    long openKey(std::uint32_t root, const std::string& subKey, RegView, RegAccess, Key& key) override {
         const bool found = root == hive::LocalMachine && subKey == kUninstall + name;
         key = found && administrator ? 7 : 0;
         return key ? 0 : found ? 5 : 2;
     }
-    long queryValue(Key key, const std::string& value, std::string& buffer, std::uint32_t&, std::uint32_t&) override {
-        if (key != 7 || value != "InstallLocation") return 2;
-        buffer.replace(0, folder.size() + 1, folder + '\0');
+    long queryValue(Key key, const RegText& value, RegValue& read) override {
+        if (key != 7 || value.text != "InstallLocation") return 2;
+        read.type = 1, read.bytes = folder + '\0';
         return 0;
     }
 };

@@ -26,6 +26,8 @@ struct MemoryProfiles final : ProfileFiles {
                                                 : text.replace(at + 2, end - at - 2, key + "=" + value));
         return true;
     }
+    std::vector<std::string> sectionNames(const std::string&) const override { return {}; }
+    bool addSection(const std::string&, const std::string&) override { return false; }
 };
 
 class SettingsInForce : public ::testing::Test {

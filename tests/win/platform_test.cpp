@@ -180,7 +180,7 @@ TEST_F(Platform, ScannerGetsItsCommandLineUnchangedAndAPlantedProgramNeverRuns) 
     for (const char* planted : {"TARVELON_FAKESCAN_LOG_SCAN", "TARVELON_FAKESCAN_LOG_SCAN 7"})
         ::SetEnvironmentVariableA(planted, path("planted.log").c_str());
     const std::string batch = "\"C:\\x|y&z^w%PATH%.dll\" C:\\plain.dll ";
-    ASSERT_TRUE(startScanners(launching, {scanner, "/a", " ", "ignored"}, batch));  // a blank second exe is none
+    ASSERT_TRUE(startScanners(launching, {scanner, "/a", " ", "ignored"}, {batch}));  // a blank second exe is none
     EXPECT_EQ(scannerLog("scans.log"), scanner + " /a " + batch + "\r\n");
     files.remove(path("Scan 7.5"));  // the longest beginning left once the scanner is gone: not tried here
     for (const DWORD start = ::GetTickCount(); !files.remove(scanner); ::Sleep(20))

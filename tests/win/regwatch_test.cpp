@@ -1,91 +1,21 @@
-// RegWatch over the real registry calls and profile files. The three roots are mapped, for this
-// process, to empty keys of the test's own, so that the watched keys hold only what the test puts
-// there; those keys are volatile, never saved, so Wine never starts what they name.
+// RegWatch over the real registry calls and profile files, in keys of the test's own (see the fixture).
 #include <set>
 
-#include "regwatch/reg_class.h"
-#include "regwatch/registry_pass.h"
-#include "regwatch/regwatch_actions.h"
-#include "tests/win/win_fixture.h"
+#include "core/text.h"
+#include "tests/win/regwatch_fixture.h"
 #include "ui/main_actions.h"
-#include "ui/main_window.h"
 
 namespace tv::test {
 namespace {
 
 using namespace std::string_literals;
-using Texts = std::vector<std::string>;
 
-const HKEY LM = HKEY_LOCAL_MACHINE, CU = HKEY_CURRENT_USER, CR = HKEY_CLASSES_ROOT, kRoots[] = {LM, CU, CR};
-const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run", kRunOnce = kRun + "Once";
-const std::string kPif = "Software\\Classes\\piffile\\shell\\open\\command";
-
-HKEY makeKey(HKEY root, const std::string& key) {
-    HKEY made = nullptr;
-    EXPECT_EQ(::RegCreateKeyExA(root, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &made,
-                                nullptr), 0) << key;
-    return made;
-}
-
-class RegWatchTest : public WinTest {
-protected:
-    RegWatchTest() {
-        const std::string scratch = "TarvelonTests\\" + std::to_string(::GetCurrentProcessId()) + "-";
-        HKEY mapped[3] = {};  // all made before the user's own root is mapped
-        for (int i = 0; i < 3; ++i) mapped[i] = makeKey(CU, scratch + std::to_string(i));
-        for (int i = 0; i < 3; ++i) ::RegOverridePredefKey(kRoots[i], mapped[i]), ::RegCloseKey(mapped[i]);
-        ctx.appPath = path("");
-        ctx.settFile = path("Data\\Tarvelon.dat");
-        ctx.regFile = path("Data\\Registry.dat");
-        ctx.quoteChar = "\"";
-        files.makeFolder(path("Data"));
-        writeFile("Data\\Tarvelon.dat", "[Tarvelon]\r\nantivirus=C:\\av\\one.exe|/x\r\nav2=C:\\av\\two.exe| /y \r\n");
-    }
-    ~RegWatchTest() override {
-        for (HKEY root : kRoots) ::RegOverridePredefKey(root, nullptr);
-    }
-    void put(HKEY root, const std::string& key, const std::string& name, DWORD type, const std::string& bytes) {
-        const HKEY opened = makeKey(root, key);
-        ::RegSetValueExA(opened, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
-                         static_cast<DWORD>(bytes.size()));
-        ::RegCloseKey(opened);
-    }
-    void putText(HKEY root, const std::string& key, const std::string& name, const std::string& text) {
-        put(root, key, name, REG_SZ, text + '\0');
-    }
-    bool there(std::uint32_t root, const std::string& key, const std::string& name) {
-        RegClass reg(registry);
-        return reg.openRegistry(root, key) && !reg.getValue(name).empty();
-    }
-    std::string line(const std::string& section, const std::string& key) const {
-        return profiles.get(section, key, 250, ctx.regFile);
-    }
-    Texts warnings() const {
-        const Texts& rows = page.List5.items();
-        return rows.empty() ? rows : Texts(rows.begin() + 1, rows.end());
-    }
-    Texts started() const {
-        Texts lines;
-        for (const auto& [line, style] : processes.started) lines.push_back(line);
-        return lines;
-    }
-    std::size_t node(const std::string& key) const { return page.TreeView1.nodeIndex(key); }
-    int entryButtons() const { return page.Command3.enabled() + page.Command11.enabled(); }  // they go together
-
-    AppContext ctx{set()};
-    ui::MainWindow main;
-    ui::RegWatchPage& page = main.regWatch;
-    RegistryPass pass{ctx, page};
-    RegWatchActions actions{ctx, page, pass};
-    const Texts noWarnings{kNoWarnings};
-};
-
-TEST_F(RegWatchTest, RegClassFoldsEveryTypeIntoTextWithinItsBuffers) {
+TEST_F(RegWatchTest, RegClassFoldsEveryTypeIntoTextAndReadsEveryValueWhole) {
     const struct { DWORD type; std::string bytes, text; } values[] = {
         {REG_SZ, "C:\\Orbexa\0"s, "C:\\Orbexa"},
         {REG_SZ, "", ""},
         {REG_SZ, std::string(255, 's') + '\0', std::string(255, 's')},  // 256 bytes read whole,
-        {REG_SZ, std::string(256, 's') + '\0', ""},                      // 257 not at all
+        {REG_SZ, std::string(256, 's') + '\0', std::string(256, 's')},  // and longer ones too
         // The last byte is dropped; the format "00" pads only what reads as a number.
         {REG_BINARY, "\x05\x1F\x00\x0A\xFF\x10\x99"s, "05 1F 00 A FF 10 "},
         {REG_DWORD, "\x01\x00\x00\x00"s, "\x01\x00\x00\x00"s + std::string(252, ' ')},  // the whole buffer
@@ -95,18 +25,19 @@ TEST_F(RegWatchTest, RegClassFoldsEveryTypeIntoTextWithinItsBuffers) {
     ASSERT_TRUE(reg.openRegistry(hive::CurrentUser, ""));
     for (const auto& v : values) {
         put(CU, "", "value", v.type, v.bytes);
-        EXPECT_EQ(reg.getValue("value"), v.text) << v.type << ": " << v.bytes;
+        EXPECT_EQ(reg.getValue(RegText("value")).text, v.text) << v.type << ": " << v.bytes;
     }
-    // A name or data beyond 240 bytes ends the listing silently.
+    // A long name or data before a value hides nothing.
     putText(CU, "Sub", "a first", "x");
     put(CU, "Sub", "b second", REG_BINARY, std::string(245, 'b'));
     putText(CU, "Sub", "c third", "y");
     EXPECT_TRUE(reg.getAllSubDirectories() == Texts{"Sub"} && reg.openRegistry(hive::CurrentUser, "Sub"));
-    EXPECT_EQ(reg.getAllValues(), Texts{"a first"});
-    EXPECT_FALSE(reg.deleteKey("a first"));  // gone all the same
-    EXPECT_EQ(reg.getValue("a first") + reg.getValue("c third"), "y");
+    const std::vector<RegText> listed = reg.getAllValues();
+    EXPECT_EQ(listed, (std::vector<RegText>{RegText("a first"), RegText("b second"), RegText("c third")}));
+    EXPECT_FALSE(reg.deleteKey(RegText("a first")));  // gone all the same
+    EXPECT_EQ(reg.getValue(RegText("a first")).text + reg.getValue(RegText("c third")).text, "y");
     EXPECT_TRUE(!reg.openRegistry(0, "Software") && reg.closeRegistry());  // root 0 changes nothing
-    EXPECT_EQ(reg.subDirectory() + reg.getValue("c third"), "Sub");
+    EXPECT_EQ(reg.subDirectory() + reg.getValue(RegText("c third")).text, "Sub");
     EXPECT_FALSE(reg.openRegistry(hive::LocalMachine, "Nowhere"));  // named all the same
     EXPECT_TRUE(reg.subDirectory() == "Nowhere" && reg.registryRootKey() == hive::LocalMachine);
 
@@ -139,21 +70,24 @@ TEST_F(RegWatchTest, RegistryPassRecordsEachLocationInItsSectionOrFindsAllNewWit
         {CR, "hta" + cmd, "CR/SH", "HKEY_CLASSES_ROOT\\Spawned with HTA's"},
         {CR, "pif" + cmd, "CR/SP", "HKEY_CLASSES_ROOT\\Spawned with PIF's"},
     };
-    std::string sections, snapshot;  // as made, and as the profile calls leave it
+    std::string sections, snapshot, others;  // as made, and as the profile calls leave it; the 32-bit view's behind
     for (const auto& l : locations) {
         sections += "[" + l.section + "]\r\n\r\n";
         snapshot += "[" + l.section + "]\r\nTv-" + l.section + "=(C:\\" + l.section + ".exe)\r\n";
+        others += "[" + l.section + "/32]\r\n";
     }
+    sections += replaceText(others, "\r\n", "\r\n\r\n");
+    snapshot += others;
     pass.checkRegFile();
     EXPECT_EQ(readFile("Data\\Registry.dat"), sections);
-    for (const auto& l : locations) putText(l.root, l.key, "Tv=" + l.section, "C:\\" + l.section + ".exe");
+    for (const auto& l : locations) putText(l.root, l.key, "Tv-" + l.section, "C:\\" + l.section + ".exe");
     ctx.regNew = true;
     pass.setReg();
     EXPECT_EQ(readFile("Data\\Registry.dat"), snapshot);
     std::set<std::string> nodes;
     for (std::size_t n = 0; n < page.TreeView1.nodes().size(); ++n) nodes.insert(page.TreeView1.fullPath(n));
     for (const auto& l : locations)
-        EXPECT_TRUE(nodes.count(l.node + "\\Tv=" + l.section + " (C:\\" + l.section + ".exe)")) << l.section;
+        EXPECT_TRUE(nodes.count(l.node + "\\Tv-" + l.section + " (C:\\" + l.section + ".exe)")) << l.section;
     EXPECT_EQ(nodes.size(), 3u + 17u + 17u);
     EXPECT_EQ(warnings(), noWarnings);  // a recording pass warns of nothing
     EXPECT_FALSE(page.cScnUpd.enabled() || ctx.regNew);
@@ -213,8 +147,7 @@ TEST_F(RegWatchTest, RegistryPassWarnsOfNewAndChangedValuesUntilARecordingPassAc
     EXPECT_EQ(warnings().front(), "HKEY_LOCAL_MACHINE|Loaded in RunOnce\\TvOnce (C:\\once.exe) New Entry!");
     EXPECT_EQ(warnings().back().substr(0, 37), "HKEY_CLASSES_ROOT|Loaded in RunOnce\\ ");
 
-    // "TvX=1" is kept as "TvX-1", which the profile finds for "tvx-1" as well
-    // (Wine lists a key's values by name).
+    // "TvX=1" keeps a line of its own beside "tvx-1", which the profile would find for "TvX-1".
     putText(CU, kRunOnce, "TvX=1", "C:\\one.exe");
     putText(CU, kRunOnce, "tvx-1", "C:\\two.exe");
     ctx.regNew = true;
@@ -222,10 +155,10 @@ TEST_F(RegWatchTest, RegistryPassWarnsOfNewAndChangedValuesUntilARecordingPassAc
     EXPECT_FALSE(ctx.regNew);
     EXPECT_EQ(line("CU/R", "TvKept"), "(C:\\KEPT.exe)");
     pass.setReg();
-    EXPECT_EQ(warnings(), Texts{"HKEY_CURRENT_USER|Loaded in \\tvx-1 (C:\\two.exe) Entry Modified!"});
+    EXPECT_EQ(warnings(), noWarnings);
 }
 
-TEST_F(RegWatchTest, TheChosenEntryIsDeletedOnlyFromTheKeyItsRowNames) {
+TEST_F(RegWatchTest, TheChosenEntryIsDeletedFromTheKeyItsValueStandsIn) {
     ui::MainActions frame(ctx, main, [] {});
     pass.checkRegFile();
     putText(LM, kRunOnce, "TvOnce", "C:\\once.exe");
@@ -245,13 +178,13 @@ TEST_F(RegWatchTest, TheChosenEntryIsDeletedOnlyFromTheKeyItsRowNames) {
     EXPECT_EQ(entryButtons(), 0);
 
     page.List5.userSetValue(2);
-    boxes.answers = {box::Yes, box::Yes};
-    page.Command3.userClick();
+    boxes.answers = {box::No, box::Yes};
+    page.Command3.userClick();  // the value's own key, whatever key the row's text names
     EXPECT_EQ(boxes.shown.at(0).prompt, "WARNING!\r\nYou are about to Delete the key: TvDel\r\nFrom: HKEY_CURRENT_USER"
-                                        "\\Software\\Microsoft\\Windows\\CurrentVersion\\RunOnce\r\nDoing this may "
+                                        "\\Software\\Microsoft\\Windows\\CurrentVersion\\Run\r\nDoing this may "
                                         "have unpredictable results!\r\n\r\nContinue?");
     EXPECT_EQ(boxes.shown.at(0).style, box::YesNo);
-    EXPECT_TRUE(there(hive::CurrentUser, kRun, "TvDel"));  // the key the row names has no such value
+    EXPECT_TRUE(there(hive::CurrentUser, kRun, "TvDel"));  // No keeps it
     page.List5.userSetValue(1);
     page.Command3.userClick();
     EXPECT_FALSE(there(hive::LocalMachine, kRunOnce, "TvOnce"));
