@@ -8,7 +8,7 @@ DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 	imagemagick googletest libgtest-dev libbenchmark-dev clang libclang-rt-14-dev python3 \
 	nsis zip 7zip
 
-BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3
+BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3 hashdeep
 
 .PHONY: run test bench build release stats deps clean
 

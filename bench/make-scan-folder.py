@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
 """A system directory of N files for the scan benchmark, and a program folder
-whose baseline holds every one of them with its CRC-32, so that a log-on run
-over it is clean. The files rotate through the six scanned groups and hold 256
-to 4096 random bytes.
+whose baselines hold every one of them with its CRC-32 and with its MD5 (each
+digest byte in decimal, as the program writes it), so that a log-on run over
+it is clean under either. The files rotate through the six scanned groups and
+hold 256 to 4096 random bytes.
 
     make-scan-folder.py <count> <root>    writes <root>/system and <root>/program
 """
+import hashlib
 import os
 import random
 import sys
@@ -22,6 +24,7 @@ def main(count, root):
     os.makedirs(system, exist_ok=True)
     os.makedirs(data, exist_ok=True)
     lines = {section: [] for section in SECTIONS}
+    md5_lines = {section: [] for section in SECTIONS}
     random.seed(count)
     for i in range(count):
         extension = GROUPS[i % len(GROUPS)]
@@ -30,9 +33,12 @@ def main(count, root):
         with open(os.path.join(system, name), "wb") as f:
             f.write(body)
         lines[extension.upper()].append(f"{name}={zlib.crc32(body):X}*E\r\n")
-    baseline = HEADER + "".join(f"[{s}]\r\n" + "".join(lines[s]) + "NULL*E\r\n" for s in SECTIONS)
-    with open(os.path.join(data, "Integrity.dat"), "w", newline="") as f:
-        f.write(baseline)
+        digest = "".join(str(b) for b in hashlib.md5(body).digest())
+        md5_lines[extension.upper()].append(f"{name}={digest}*E\r\n")
+    for file_name, entries in (("Integrity.dat", lines), ("Integrity-md5.dat", md5_lines)):
+        baseline = HEADER + "".join(f"[{s}]\r\n" + "".join(entries[s]) + "NULL*E\r\n" for s in SECTIONS)
+        with open(os.path.join(data, file_name), "w", newline="") as f:
+            f.write(baseline)
     with open(os.path.join(data, "Tarvelon.dat"), "w", newline="") as f:
         f.write("[Tarvelon]\r\nsettings=1,1,1,1,1,1,0,0\r\nantivirus=\r\nav2=\r\nalgo=crc32\r\n")
 

@@ -1,10 +1,15 @@
 // Times scans as the program runs them, on the real scan window over the Win32
 // platform. Prints the median time of the repetitions.
 //
-//   scan_bench logon <shown|minimised|hidden> <repetitions> <program\> <system\>
+//   scan_bench logon <shown|minimised|hidden> <repetitions> <program\> <system\> [<algorithm> [<workers>]]
 //     A log-on run (/r) over a system directory of the benchmark's own whose
 //     baseline holds every file, so the run is clean: from the plan to the end
-//     of the passes.
+//     of the passes. CRC-32 unless named; checksum threads one per processor
+//     unless a number is given (0: all on the window's thread).
+//   scan_bench primary <repetitions> <program\> <system\> [<workers>]
+//     The primary full scan of a program folder without a data file, "Yes" to
+//     the first-run question: from that question through the build and the
+//     scan to the complete data file.
 //   scan_bench first-custom <repetitions> <program\> <folder\>
 //     The first scan of a custom folder without a data file, every file new:
 //     from the choice of the folder over the blank data file, the scan and the
@@ -24,6 +29,7 @@
 
 #include "core/settings_store.h"
 #include "hash/checksum.h"
+#include "integrity/check_int_file.h"
 #include "integrity/data_file.h"
 #include "integrity/findings_action.h"
 #include "integrity/scan_driver.h"
@@ -46,11 +52,11 @@ struct AnsweringBoxes final : tv::MessageBoxes {
 // A log-on run ends the program when it is clean; here it only says so.
 struct BenchHost final : tv::ScanHost {
     bool ended = false;
-    std::function<void()> action;
+    std::function<void()> action, start;
     std::function<void(const std::string&, const std::string&)> firstScan;
     void setMainCaption(const std::string&) override {}
     void showMainWindow(bool) override {}
-    void startScanWindow() override {}
+    void startScanWindow() override { start(); }
     void endProgram() override { ended = true; }
     void pressResultAction() override { action(); }
     void afterShutDownScan() override {}
@@ -74,7 +80,9 @@ double timed(const std::function<void()>& run) {
 }
 
 int usage() {
-    std::fprintf(stderr, "usage: scan_bench logon <shown|minimised|hidden> <repetitions> <program\\> <system\\>\n"
+    std::fprintf(stderr, "usage: scan_bench logon <shown|minimised|hidden> <repetitions> <program\\> <system\\> "
+                         "[<algorithm> [<workers>]]\n"
+                         "       scan_bench primary <repetitions> <program\\> <system\\> [<workers>]\n"
                          "       scan_bench first-custom <repetitions> <program\\> <folder\\>\n"
                          "       scan_bench hostile <repetitions> <program\\> <system\\> <data file>\n");
     return 2;
@@ -93,28 +101,35 @@ std::pair<double, double> workingSet() {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
-    const bool hostile = args.size() == 5 && args[0] == "hostile";
-    const bool logOn = (args.size() == 5 && args[0] == "logon") || hostile;
-    const bool firstCustom = args.size() == 4 && args[0] == "first-custom";
-    if (!logOn && !firstCustom) return usage();
-    const std::string display = hostile ? "hidden" : logOn ? args[1] : "shown";
-    const bool named = logOn && !hostile;  // the log-on run names its display
+    const std::string mode = args.empty() ? "" : args[0];
+    const bool hostile = args.size() == 5 && mode == "hostile";
+    const bool named = args.size() >= 5 && args.size() <= 7 && mode == "logon";  // the log-on run names its display
+    const bool logOn = named || hostile;
+    const bool primary = args.size() >= 4 && args.size() <= 5 && mode == "primary";
+    const bool firstCustom = args.size() == 4 && mode == "first-custom";
+    if (!logOn && !firstCustom && !primary) return usage();
+    const std::string display = hostile || primary ? "hidden" : logOn ? args[1] : "shown";
     const int repetitions = std::max(1, std::atoi(args[named ? 2 : 1].c_str()));
     const std::string program = args[named ? 3 : 2], folder = args[named ? 4 : 3];
+    const std::string algorithm = named && args.size() >= 6 ? args[5] : "crc32";
+    const std::size_t workersAt = named ? 6 : primary ? 4 : args.size();
+    const int workers = args.size() > workersAt ? std::atoi(args[workersAt].c_str()) : -1;
     const double startMiB = workingSet().first;
 
     tv::win32::Win32System system;
     tv::test::OwnSystemShell shell;
-    shell.system = logOn ? folder : program;
+    shell.system = logOn || primary ? folder : program;
     AnsweringBoxes boxes;
     tv::win32::Win32Renderer renderer(::GetModuleHandleA(nullptr));
     tv::AppContext ctx({system.files, system.profiles, shell, boxes, system.processes, system.loop, renderer,
-                        system.registry, system.clock, system.windows, system.power, system.shortcuts});
+                        system.registry, system.clock, system.windows, system.power, system.shortcuts,
+                        &system.threads});
     ctx.appPath = program;
     ctx.settFile = ctx.appPath + "Data\\Tarvelon.dat";
-    ctx.intFile = ctx.appPath + "Data\\Integrity.dat";
-    ctx.algoName = "crc32";
+    ctx.algoName = algorithm;
+    tv::hash::setDatName(ctx);
     ctx.readBuffer = 65536;
+    ctx.checksumWorkers = workers;
 
     tv::ui::ScanWindow window;
     renderer.attach(window);
@@ -122,6 +137,7 @@ int main(int argc, char** argv) {
     tv::ScanDriver driver(ctx, window, host);
     tv::FindingsAction findings(ctx, window, host, driver);
     host.action = [&] { findings.label12Click(); };
+    host.start = [&] { driver.loadUp(); };
     host.firstScan = [&](const std::string& chosen, const std::string& datFile) {
         driver.firstCustomScan(chosen, datFile, {chosen, 1});
     };
@@ -131,13 +147,25 @@ int main(int argc, char** argv) {
     if (logOn) {
         ctx.cmdLine = "/r";
         ctx.autoLoadRun = true;
-    } else {
+    } else if (firstCustom) {
         tv::writeEntry(ctx, ctx.settFile, "path", folder, "1");
     }
 
     std::vector<double> times;
     for (int r = 0; r < repetitions; ++r) {
         host.ended = false;
+        if (primary) {
+            system.files.remove(ctx.intFile);
+            system.files.remove(tv::backupName(ctx.intFile));  // else the start offers it back
+            ctx.section = {};  // as at the start, nothing is loaded yet
+            times.push_back(timed([&] {
+                tv::checkIntFile(ctx, host);
+                if (window.Timer1.enabled()) window.Timer1.userTick();
+            }));
+            if (!ctx.primaryScan && ctx.scan.newCount > 0) continue;
+            std::fprintf(stderr, "scan_bench: the primary scan did not end\n");
+            return 1;
+        }
         if (hostile) {
             system.files.copy(args[4], ctx.intFile);
             times.push_back(timed([&] {

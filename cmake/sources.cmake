@@ -12,6 +12,7 @@ set(TARVELON_CORE_SOURCES
   core/baseline_text.cpp
   core/file_utils.cpp
   core/folder_search.cpp
+  core/primary_scan_file.cpp
   core/run_switch.cpp
   core/section_blocks.cpp
   core/settings_store.cpp
@@ -23,6 +24,7 @@ set(TARVELON_CORE_SOURCES
   custom/custom_folder_manager.cpp
   custom/custom_slots.cpp
   hash/checksum.cpp
+  hash/checksum_workers.cpp
   hash/cpu_features.cpp
   hash/crc16.cpp
   hash/crc32_fold.cpp
@@ -45,6 +47,7 @@ set(TARVELON_CORE_SOURCES
   integrity/folder_scan_page.cpp
   integrity/data_file.cpp
   integrity/data_file_text.cpp
+  integrity/pass_walk.cpp
   integrity/pending_list_index.cpp
   integrity/scan_driver.cpp
   integrity/scan_window.cpp
@@ -114,6 +117,7 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_power.cpp
   platform/win32/win32_shell.cpp
   platform/win32/win32_shortcuts.cpp
+  platform/win32/win32_threads.cpp
   platform/win32/win32_top_windows.cpp
 )
 

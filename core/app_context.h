@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <set>
 #include <string>
 
 #include "core/platform_set.h"
+#include "core/primary_scan_file.h"
 #include "core/scan_run_state.h"
 #include "core/section_blocks.h"
 #include "hash/read_buffer.h"
@@ -48,6 +50,8 @@ struct AppContext {
     bool schedRun = false;
     bool primaryBuild = false;
     bool primaryScan = false;
+    // The system's data file while the primary full scan writes to it.
+    std::unique_ptr<PrimaryScanFile> primaryScanFile;
     // Nobody watches this run: a scheduled run from its start, a Secure Shut
     // Down from the choice on. Its boxes are not shown but written to the
     // report of unseen messages (`unseenReport`, made at the first, holding
@@ -86,6 +90,9 @@ struct AppContext {
 
     // Where every file checksum reads, reused from file to file.
     hash::ReadBuffer checksumBuffer;
+    // Threads that take a scan's checksums ahead of its walk: -1 one for each
+    // processor (none with a single one), 0 none.
+    int checksumWorkers = -1;
 };
 
 }  // namespace tv

@@ -12,6 +12,7 @@
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/shortcuts.h"
+#include "platform/threads.h"
 #include "platform/top_windows.h"
 
 namespace tv {
@@ -29,6 +30,9 @@ struct PlatformSet {
     TopWindows& windows;
     Power& power;
     Shortcuts& shortcuts;
+    // Worker threads for the checksums of a scan; none: every checksum is
+    // taken on the user-interface thread.
+    Threads* threads = nullptr;
 };
 
 }  // namespace tv

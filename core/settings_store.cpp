@@ -38,18 +38,38 @@ bool isDirectWriteFile(const std::string& file) {
     return tail == "REGISTRY.DAT" || tail == "TARVELON.DAT";
 }
 
+PrimaryScanFile& primaryScanFile(AppContext& ctx) {
+    if (ctx.primaryScanFile && ctx.primaryScanFile->path() != ctx.intFile) finishPrimaryScanWrites(ctx);
+    if (!ctx.primaryScanFile)
+        ctx.primaryScanFile = std::make_unique<PrimaryScanFile>(ctx.os.files, ctx.os.profiles, ctx.intFile);
+    return *ctx.primaryScanFile;
+}
+
 }  // namespace
 
 WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::string& key,
                         const std::string& value, const std::string& section) {
     if (ctx.primaryScan || isDirectWriteFile(file)) {
-        if (ctx.os.profiles.put(section, key, value, file)) return WriteOutcome::WrittenToDisk;
+        const bool written = ctx.primaryScan && file == ctx.intFile
+                                 ? primaryScanFile(ctx).write(section, key, value)
+                                 : ctx.os.profiles.put(section, key, value, file);
+        if (written) return WriteOutcome::WrittenToDisk;
         reportFailedWrite(ctx, file);
         return WriteOutcome::DiskWriteFailed;
     }
     SectionBlocks& blocks = ctx.customFolder.empty() ? ctx.section : ctx.custom;
     return writeEntryToBlocks(blocks, section, key, value) ? WriteOutcome::StoredInMemory
                                                            : WriteOutcome::NoSuchSection;
+}
+
+void finishPrimaryScanWrites(AppContext& ctx) {
+    if (ctx.primaryScanFile) ctx.primaryScanFile->finish();
+    ctx.primaryScanFile.reset();
+}
+
+void abandonPrimaryScanWrites(AppContext& ctx) {
+    if (ctx.primaryScanFile) ctx.primaryScanFile->abandon();
+    ctx.primaryScanFile.reset();
 }
 
 }  // namespace tv

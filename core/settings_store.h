@@ -39,4 +39,9 @@ enum class WriteOutcome {
 WriteOutcome writeEntry(AppContext& ctx, const std::string& file, const std::string& key,
                         const std::string& value, const std::string& section);
 
+// The end of the primary full scan's writes: its data file complete on the
+// disk. Abandoning them leaves the data file to its fate and removes the journal.
+void finishPrimaryScanWrites(AppContext& ctx);
+void abandonPrimaryScanWrites(AppContext& ctx);
+
 }  // namespace tv

@@ -159,4 +159,8 @@ std::string withTrailingBackslash(std::string_view path) {
     return out;
 }
 
+std::string withLastThree(std::string_view path, std::string_view ending) {
+    return leftText(path, path.size() - std::min<std::size_t>(3, path.size())) + std::string(ending);
+}
+
 }  // namespace tv

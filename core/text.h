@@ -58,4 +58,8 @@ std::string shiftText(std::string_view mode, std::string_view text, bool apply =
 // Adds one backslash when the text does not already end in one.
 std::string withTrailingBackslash(std::string_view path);
 
+// The path with its last three characters (all of a shorter one) replaced by
+// `ending`: how a data file names its backup ("bak") and its companions.
+std::string withLastThree(std::string_view path, std::string_view ending);
+
 }  // namespace tv

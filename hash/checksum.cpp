@@ -28,11 +28,11 @@ std::string hexText(std::uint32_t value) {
     return text;
 }
 
-std::string getChecksum(AppContext& ctx, const std::string& path) {
-    const std::string upper = upperCase(ctx.algoName);  // untrimmed, unlike the file name test
-    if (upper == "CRC32" || trimBlanks(ctx.algoName).empty()) {
+std::string checksumText(const std::string& algoName, const FileFeed& how, const std::string& path) {
+    const std::string upper = upperCase(algoName);  // untrimmed, unlike the file name test
+    if (upper == "CRC32" || trimBlanks(algoName).empty()) {
         CrcEngine crc;
-        const auto value = calculateFile2(ctx, crc, path);
+        const auto value = crcOfFile(how, crc, path);
         return hexText(static_cast<std::uint32_t>(value.value_or(0)));
     }
     HashEngine digest;
@@ -40,10 +40,14 @@ std::string getChecksum(AppContext& ctx, const std::string& path) {
     if (upper == "MD5") digest.setHashAlgorithm(1);
     if (upper == "SHA1") digest.setHashAlgorithm(2);
     digest.createHash();
-    calculateFile3(ctx, digest, path);
+    hashFile(how, digest, path);
     std::string text = digest.getDigestedData(1);
     digest.destroyHash();
     return text;
+}
+
+std::string getChecksum(AppContext& ctx, const std::string& path) {
+    return checksumText(ctx.algoName, WindowFeed(ctx).how(), path);
 }
 
 void setDatName(AppContext& ctx) {

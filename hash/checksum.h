@@ -8,11 +8,17 @@
 
 namespace tv::hash {
 
+struct FileFeed;
+
 // CRC-32 ("CRC32" in any case, or an empty name): upper-case hexadecimal without
 // leading zeros, "0" for an empty or unreadable file. "MD4", "MD5", "SHA1": each
 // digest byte as decimal digits, "" for an empty or unreadable file. Any other
 // name (also one with blanks around it) gives "".
 std::string getChecksum(AppContext& ctx, const std::string& path);
+
+// The same text of a file read as `how` says, on any thread: the engines are
+// made for this file alone.
+std::string checksumText(const std::string& algoName, const FileFeed& how, const std::string& path);
 
 // intFile after algoName: "Data\Integrity.dat" for CRC-32, else
 // "Data\Integrity-<name trimmed, lower case>.dat".

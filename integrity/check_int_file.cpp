@@ -50,6 +50,8 @@ void restartWithoutBackup(AppContext& ctx, ScanHost& host, const std::string& ba
 }
 
 void checkIntFile(AppContext& ctx, ScanHost& host) {
+    // The entries of a first scan that never ended go into their data file.
+    if (!ctx.primaryScanFile) foldPrimaryScanJournal(ctx.os.files, ctx.intFile);
     if (!fileThere(ctx, ctx.intFile)) {
         const std::string backup = backupName(ctx.intFile);
         if (fileThere(ctx, backup)) {

@@ -9,6 +9,7 @@
 #include "hash/checksum.h"
 #include "hash/file_checksum.h"
 #include "integrity/data_file.h"
+#include "integrity/pass_walk.h"
 #include "integrity/scan_window.h"
 
 namespace tv {
@@ -74,12 +75,12 @@ void comparePass(AppContext& ctx, ui::ScanWindow& window) {
     const int pass = scan.passType - 1;
     const bool knownPass = pass >= 0 && pass < kPassCount;
 
-    for (std::string name = ctx.os.files.firstName(folder); !name.empty(); name = ctx.os.files.nextName()) {
+    PassWalk walk(ctx, folder, scan.ext1, scan.ext2);
+    for (std::string name = walk.first(); !name.empty(); name = walk.next()) {
         pump.getInputState();
-        const std::string tail = upperCase(rightText(name, 4));
-        if (name != "." && name != ".." && (tail == scan.ext1 || tail == scan.ext2)) {
+        if (walk.takesPart(name)) {
             if (!inShutDown(ctx) && knownPass) window.fileLabels[pass]->setCaption(name);
-            const std::string checksum = hash::getChecksum(ctx, folder + name);
+            const std::string checksum = walk.checksum(name);
             pump.getInputState();
             if (scan.scanCancelled) return;
 

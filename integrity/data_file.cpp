@@ -32,10 +32,6 @@ std::string entryIn(AppContext& ctx, const SectionBlocks& blocks, const std::str
     return trimBlanks(blocks.text[n - 1].entry(key));
 }
 
-std::string withLastThree(const std::string& path, const char* ending) {
-    return leftText(path, path.size() - std::min<std::size_t>(3, path.size())) + ending;
-}
-
 // The former file goes to the backup; the new text is written beside the file,
 // flushed to the disk, and then takes the file's place in one step. So a crash
 // or a power loss at any moment leaves the data file whole, old or new, and

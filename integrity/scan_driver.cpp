@@ -202,6 +202,7 @@ void ScanDriver::timerTick() {
     }
 
     if (ctx_.primaryScan) {
+        finishPrimaryScanWrites(ctx_);
         ctx_.primaryScan = false;
         loadIntFile(ctx_, ctx_.intFile);
         window_.setVisible(false);
@@ -230,6 +231,12 @@ bool ScanDriver::confirmLeavingWithFindings() {
     return true;
 }
 
+// The user gave up the first scan: its data file goes, to be built anew at the next start.
+void ScanDriver::abandonPrimaryScan() {
+    abandonPrimaryScanWrites(ctx_);
+    ctx_.os.files.remove(ctx_.intFile);
+}
+
 void ScanDriver::command1Click() {
     ScanRunState& scan = ctx_.scan;
     scan.customQueue.clear();
@@ -239,7 +246,7 @@ void ScanDriver::command1Click() {
     if (!scan.pageScan) {
         if (!ctx_.primaryScan) return host_.endProgram();
         if (ctx_.os.boxes.show(kAbandonPrimary, kAppTitle, box::YesNo) != box::Yes) return;
-        ctx_.os.files.remove(ctx_.intFile);
+        abandonPrimaryScan();
         return host_.endProgram();
     }
     scan.scanCancelled = true;
@@ -255,7 +262,7 @@ bool ScanDriver::queryUnload() {
     if (!scan.pageScan) {
         if (ctx_.primaryScan) {
             if (ctx_.os.boxes.show(kAbandonPrimary, kAppTitle, box::YesNo) != box::Yes) return true;
-            ctx_.os.files.remove(ctx_.intFile);
+            abandonPrimaryScan();
         }
         host_.endProgram();
         return false;

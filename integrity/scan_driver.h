@@ -43,6 +43,7 @@ private:
     void countFiles(const std::string& extList);
     bool nextJoiningFolder(int& slot);
     bool confirmLeavingWithFindings();
+    void abandonPrimaryScan();
     void splitScannerSetting(const char* request, ui::Control& program, ui::Control& arguments);
 
     AppContext& ctx_;

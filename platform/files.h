@@ -25,6 +25,24 @@ public:
     // Reads up to `count` bytes into `into`: the number read, 0 at the end of the
     // file, nullopt when the system reports a failure.
     virtual std::optional<std::size_t> read(std::uint8_t* into, std::size_t count) = 0;
+    // The file's length now, asked of the open file: nullopt when the system
+    // cannot tell.
+    virtual std::optional<std::uint64_t> size() = 0;
+};
+
+// One file kept open for adding bytes at its end. What append has written
+// has reached the system when it returns, so it outlasts the end of the
+// process, however the process ends.
+class FileAppender {
+public:
+    virtual ~FileAppender() = default;
+    virtual bool append(std::string_view bytes) = 0;
+};
+
+// A name of a listing with the length the listing gave for it.
+struct ListedName {
+    std::string name;
+    std::uint64_t byteCount = 0;
 };
 
 class Files {
@@ -88,6 +106,16 @@ public:
     virtual std::string firstName(const std::string& folder) = 0;
     virtual std::string nextName() = 0;
 
+    // The name `ahead` places behind the last one given (0: the one nextName
+    // gives next), read from the system now and given later by nextName all
+    // the same; nullptr when the listing ends before it. Valid until the next
+    // call on the listing. Without this, nothing can be read ahead.
+    virtual const ListedName* peekName(std::size_t /*ahead*/) { return nullptr; }
+
+    // Opens `path` (made when missing) for adding at its end; nullptr when it
+    // cannot be opened. Without a way of its own, each append opens the file anew.
+    virtual std::unique_ptr<FileAppender> openAppender(const std::string& path);
+
     // Length in bytes, nullopt when the file cannot be found.
     virtual std::optional<std::uint64_t> length(const std::string& path) const = 0;
 
@@ -113,5 +141,19 @@ public:
     // system cannot tell, as on the Windows 9x family.
     virtual std::string folderIdentity(const std::string&) const { return {}; }
 };
+
+inline std::unique_ptr<FileAppender> Files::openAppender(const std::string& path) {
+    class ByName final : public FileAppender {
+    public:
+        ByName(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
+        bool append(std::string_view bytes) override { return files_.append(path_, bytes); }
+
+    private:
+        Files& files_;
+        std::string path_;
+    };
+    if (!append(path, "")) return nullptr;
+    return std::make_unique<ByName>(*this, path);
+}
 
 }  // namespace tv

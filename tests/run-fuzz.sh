@@ -1,34 +1,21 @@
 #!/usr/bin/env bash
-# Runs every fuzz target of build/fuzz for a bounded time each (FUZZ_SECONDS,
-# default 15), as many at once as there are cores; prints one line per target
-# and exits non-zero when any target found something.
+# Runs every fuzz target of build/fuzz for FUZZ_SECONDS (default 15) each, as many at
+# once as there are cores; one line per target; non-zero when any found something.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-seconds=${FUZZ_SECONDS:-15}
+export seconds=${FUZZ_SECONDS:-15} work
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-
 fuzz_one() {  # target
-    local name
-    name=$(basename "$1")
-    mkdir -p "$work/$name"
-    if (cd "$work/$name" && "$1" -max_total_time="$seconds" -print_final_stats=1 >log 2>&1); then
-        echo "fuzz $name: $(grep -o 'Done [0-9]* runs' "$work/$name/log") without a finding" >"$work/$name/result"
+    local name=${1##*/}
+    mkdir -p "$work/$name" && cd "$work/$name" || return
+    if "$1" -max_total_time="$seconds" -print_final_stats=1 >log 2>&1; then
+        echo "fuzz $name: $(grep -o 'Done [0-9]* runs' log) without a finding" >result
     else
-        { echo "fuzz $name: FAILED"; tail -n 40 "$work/$name/log"; } >"$work/$name/result"
+        { echo "fuzz $name: FAILED"; tail -n 40 log; } >result
     fi
 }
-
-targets=("$root"/build/fuzz/tests/fuzz/*_fuzz)
-for target in "${targets[@]}"; do
-    while [ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]; do wait -n; done
-    fuzz_one "$target" &
-done
-wait
-status=0
-for target in "${targets[@]}"; do
-    result=$work/$(basename "$target")/result
-    cat "$result"
-    grep -q ': FAILED' "$result" && status=1
-done
-exit $status
+export -f fuzz_one
+printf '%s\0' "$root"/build/fuzz/tests/fuzz/*_fuzz | xargs -0 -n 1 -P "$(nproc)" bash -c 'fuzz_one "$1"' _
+cat "$work"/*/result
+! grep -q ': FAILED' "$work"/*/result

@@ -9,6 +9,8 @@ namespace tv::win32 {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+constexpr int kFindExInfoBasic = 1;          // no short names: Windows 7 and later
+constexpr DWORD kFindFirstExLargeFetch = 2;  // entries in large batches: Windows 7 and later
 
 UniqueFile openForReading(const std::string& path) {
     return UniqueFile(::CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
@@ -43,18 +45,71 @@ public:
         }
         return done;
     }
+    std::optional<std::uint64_t> size() override {
+        // GetFileSize rather than GetFileSizeEx, which Windows 98 lacks.
+        DWORD high = 0;
+        const DWORD low = ::GetFileSize(file_.get(), &high);
+        if (low == INVALID_FILE_SIZE && ::GetLastError() != NO_ERROR) return std::nullopt;
+        return (static_cast<std::uint64_t>(high) << 32) | low;
+    }
 
 private:
     UniqueFile file_;
 };
 
+class Win32FileAppender final : public FileAppender {
+public:
+    explicit Win32FileAppender(UniqueFile file) : file_(std::move(file)) {}
+    bool append(std::string_view bytes) override { return writeWhole(file_.get(), bytes); }
+
+private:
+    UniqueFile file_;
+};
+
+// Opened for writing at its end: only this handle writes the file while it is
+// open, so the end found once stays the end (FILE_APPEND_DATA is NT's only).
+UniqueFile openForAppending(const std::string& path) {
+    UniqueFile file(::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    LONG high = 0;
+    if (file.valid() && ::SetFilePointer(file.get(), 0, &high, FILE_END) == INVALID_SET_FILE_POINTER &&
+        ::GetLastError() != NO_ERROR) {
+        return UniqueFile();
+    }
+    return file;
+}
+
+// Newer systems hand the entries over in large batches and skip the short
+// names nobody here asks for; Windows XP and 98 list the plain way.
+HANDLE startListing(const std::string& folder, WIN32_FIND_DATAA& found) {
+    using FindFirstFileExFunction = HANDLE(WINAPI*)(LPCSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD);
+    static const auto findFirstEx = systemFunction<FindFirstFileExFunction>("kernel32.dll", "FindFirstFileExA");
+    const std::string pattern = folder + "*";
+    if (findFirstEx) {
+        HANDLE search = findFirstEx(pattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoBasic), &found,
+                                    FindExSearchNameMatch, nullptr, kFindFirstExLargeFetch);
+        if (search != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_INVALID_PARAMETER) return search;
+    }
+    return ::FindFirstFileA(pattern.c_str(), &found);
+}
+
+ListedName listed(const WIN32_FIND_DATAA& found) {
+    return {found.cFileName, (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow};
+}
+
 }  // namespace
 
+// A folder cannot be opened this way: the open fails for it as for a missing file.
 std::unique_ptr<FileReader> Win32Files::openReader(const std::string& path) const {
-    if (isFolder(path)) return nullptr;
     UniqueFile file = openForReading(path);
     if (!file.valid()) return nullptr;
     return std::make_unique<Win32FileReader>(std::move(file));
+}
+
+std::unique_ptr<FileAppender> Win32Files::openAppender(const std::string& path) {
+    UniqueFile file = openForAppending(path);
+    if (!file.valid()) return nullptr;
+    return std::make_unique<Win32FileAppender>(std::move(file));
 }
 
 bool Win32Files::canRead(const std::string& path) const {
@@ -116,8 +171,7 @@ bool Win32Files::createNew(const std::string& path, std::string_view bytes) {
 }
 
 bool Win32Files::append(const std::string& path, std::string_view bytes) {
-    UniqueFile file(::CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
-                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    UniqueFile file = openForAppending(path);
     return file.valid() && writeWhole(file.get(), bytes);
 }
 
@@ -135,18 +189,33 @@ bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_s
 // system files are where malware hides.
 std::string Win32Files::firstName(const std::string& folder) {
     WIN32_FIND_DATAA found;
-    listing_.reset(::FindFirstFileA((folder + "*").c_str(), &found));
+    ahead_.clear();
+    listing_.reset(startListing(folder, found));
     if (!listing_.valid()) return {};
     return found.cFileName;
 }
 
 std::string Win32Files::nextName() {
+    if (ahead_.empty() && !readNext()) return {};
+    std::string name = std::move(ahead_.front().name);
+    ahead_.pop_front();
+    return name;
+}
+
+const ListedName* Win32Files::peekName(std::size_t ahead) {
+    while (ahead_.size() <= ahead)
+        if (!readNext()) return nullptr;
+    return &ahead_[ahead];
+}
+
+bool Win32Files::readNext() {
     WIN32_FIND_DATAA found;
     if (!listing_.valid() || !::FindNextFileA(listing_.get(), &found)) {
         listing_.reset();
-        return {};
+        return false;
     }
-    return found.cFileName;
+    ahead_.push_back(listed(found));
+    return true;
 }
 
 std::vector<FolderEntry> Win32Files::listFolder(const std::string& folder) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <deque>
+
 #include "platform/files.h"
 #include "platform/win32/unique_handle.h"
 
@@ -19,15 +21,20 @@ public:
     bool copy(const std::string& from, const std::string& to) override;
     bool remove(const std::string& path) override;
     std::unique_ptr<FileReader> openReader(const std::string& path) const override;
+    std::unique_ptr<FileAppender> openAppender(const std::string& path) override;
     std::optional<std::uint64_t> length(const std::string& path) const override;
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
     std::string codePageText(std::u16string_view units) const override;
+    const ListedName* peekName(std::size_t ahead) override;
     std::vector<FolderEntry> listFolder(const std::string& folder) const override;
     std::string folderIdentity(const std::string& folder) const override;
 
 private:
-    UniqueFind listing_;  // the one directory cursor of the process
+    bool readNext();  // one more entry of the listing into ahead_
+
+    UniqueFind listing_;           // the one directory cursor of the process
+    std::deque<ListedName> ahead_;  // entries read from it and not yet given
 };
 
 }  // namespace tv::win32

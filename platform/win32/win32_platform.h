@@ -5,6 +5,7 @@
 #include "core/platform_set.h"
 #include "platform/win32/win32_files.h"
 #include "platform/win32/win32_system.h"
+#include "platform/win32/win32_threads.h"
 
 namespace tv::win32 {
 
@@ -20,9 +21,11 @@ struct Win32System {
     Win32TopWindows windows;
     Win32Power power;
     Win32Shortcuts shortcuts;
+    Win32Threads threads;
 
     PlatformSet with(ui::Renderer& renderer) {
-        return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
+        return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts,
+                &threads};
     }
 };
 

@@ -1,6 +1,5 @@
-// AppWatch over a scripted desktop: the rules of its list and of finding a
-// window again by its title. A real window listed, chosen and closed is the
-// end-to-end scenario's.
+// AppWatch over a scripted desktop: the rules of its list and of finding a window again by its title. A real window
+// listed, chosen and closed is the end-to-end scenario's.
 #include <gtest/gtest.h>
 
 #include "appwatch/appwatch_actions.h"
@@ -39,8 +38,7 @@ TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     // 254 characters and the zero: no window has that title.
     EXPECT_EQ(page.lstOpenWindows.items(), (Rows{"400: Untitled - Notepad", "500: My Window", "500: MY WINDOW",
                                                  "0: " + std::string(254, 'x')}));
-    EXPECT_EQ(page.lblCount.caption(), "4 open Windows.");
-    EXPECT_EQ(os.loop.pumps, 7);  // after every window, titled or not
+    EXPECT_EQ(page.lblCount.caption() + std::to_string(os.loop.pumps), "4 open Windows.7");  // a pump per window
 
     // A walk round in circles (the order changing under it) ends all the same.
     struct Circle final : TopWindows {
@@ -62,8 +60,8 @@ TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     EXPECT_EQ(watch.listOpenWindows(), 1);
 }
 
-// Every action finds its window again: by the class label's tail and the
-// title, or, with the label cleared, by the trimmed title and an empty class.
+// Every action finds its window again: by the class label's tail and the title, or, with the label cleared, by the
+// trimmed title and an empty class.
 TEST_F(AppWatch, WindowsAreFoundAgainByTitleAndClass) {
     page.act.userClick();  // nothing chosen: the start text's tail is no class
     page.ref.userClick();
@@ -84,8 +82,7 @@ TEST_F(AppWatch, WindowsAreFoundAgainByTitleAndClass) {
     page.cl.userClick();  // No sends nothing, but the list is made again
     EXPECT_EQ(os.boxes.shown[0].prompt, "Are you sure you want to close Untitled - Notepad(10)");
     EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
-    EXPECT_EQ(page.lstOpenWindows.value(), -1);
-    EXPECT_EQ(page.lblCount.caption(), "1 open Windows.");
+    EXPECT_EQ(page.lblCount.caption() + std::to_string(page.lstOpenWindows.value()), "1 open Windows.-1");
     page.cl.userClick();  // the label still names the class: the window is found again
     page.cl.userClick();  // and now it has gone: handle 0
     EXPECT_EQ(os.boxes.shown.back().prompt, "Are you sure you want to close Untitled - Notepad(0)");

@@ -1,12 +1,13 @@
-// The scanner selection and the catalogue, driven through their controls with
-// the file box scripted and the folders searched in memory. The real file box,
-// search and scanner test are the end-to-end scenario's.
+// The scanner selection and the catalogue, driven through their controls with the file box scripted and the folders
+// searched in memory, and the scanners' command lines. The real file box, search and scanner test, and two scanners
+// given the batches of a report, are the end-to-end scenario's.
 #include "avshell/scanner_catalogue.h"
 #include "avshell/scanner_catalogue_form.h"
 #include "avshell/scanner_choice.h"
 #include "avshell/scanner_choice_form.h"
 #include "avshell/scanner_launch.h"
 #include "core/text.h"
+#include "platform/command_program.h"
 #include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/setup_wizard_form.h"
@@ -16,6 +17,7 @@ namespace {
 
 using namespace std::string_literals;
 using Search = std::pair<std::string, std::string>;
+using test::Texts;
 
 class Scanners : public test::AppTest {
 protected:
@@ -32,11 +34,15 @@ protected:
     ScannerChoiceForm& choice() { return app.scannerChoice(); }
     ScannerCatalogueForm& catalogue() { return app.scannerCatalogue(); }
     SetupWizardForm& wizard() { return app.setupWizard(); }
+    // Program Files and the drive's root, with the folders named below Program Files.
+    void drive(std::initializer_list<const char*> folders) {
+        os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
+        for (const char* folder : folders) os.files.makeFolder(std::string("C:\\Program Files\\") + folder);
+    }
 };
 
-// The family's arguments: Panda's stay out of the wizard, typed ones give way,
-// any other program gets a blank, and the second scanner takes those of the
-// first scanner's program. Saved, a missing first scanner becomes the
+// The family's arguments: Panda's stay out of the wizard, typed ones give way, any other program gets a blank, and
+// the second scanner takes those of the first scanner's program. Saved, a missing first scanner becomes the
 // placeholder after a word, a missing second one nothing without one.
 TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_EQ(scanner1() + "," + scanner2(), "C:\\AV\\scan.exe|/all,C:\\Second\\b.exe|");
@@ -65,8 +71,8 @@ TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_FALSE(choice().visible());
 }
 
-// Each row, in its place, searches for its own program file by that exact
-// name: below Program Files first, then below the drive.
+// Each row, in its place, searches for its own program file by that exact name: below Program Files first, then below
+// the drive.
 TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
     const std::vector<Search> rows{
         {"AVAST 4 (All Operating Systems)", "ashQuick.exe"}, {"AVAST32 (All Operating Systems)", "quick32.exe"},
@@ -83,19 +89,19 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
     catalogue().Command4.userClick();  // nothing chosen: nothing at all
     EXPECT_TRUE(os.boxes.shown.empty());
     ASSERT_EQ(catalogue().List1.items().size(), rows.size());
-    os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
+    drive({});
     for (std::size_t row = 0; row < rows.size(); ++row) {
         EXPECT_EQ(catalogue().List1.items()[row], rows[row].first);
         const std::string folder = "C:\\Program Files\\" + std::to_string(row);
-        os.files.folders.insert(upperCase(folder));
+        os.files.makeFolder(folder);
         os.files.put(folder + "\\" + rows[row].second, "MZ");
         catalogue().List1.userSetValue(static_cast<int>(row));
         click(catalogue().Command4, {box::Ok});
         EXPECT_EQ(catalogue().Text2.caption(), folder + "\\" + rows[row].second) << rows[row].first;
     }
 
-    // A system that names no Program Files folder: its empty answer becomes
-    // "\" (the current drive's root), the one answer the fallback does not mend.
+    // A system that names no Program Files folder: its empty answer becomes "\" (the current drive's root), the one
+    // answer the fallback does not mend.
     std::vector<std::string> looked;
     os.loop.onPump = [&] { looked.push_back(catalogue().Label4.caption()); };
     for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
@@ -118,8 +124,8 @@ TEST_F(Scanners, CatalogueRowsSearchForTheirOwnPrograms) {
 }
 
 TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
-    os.files.folders.insert("C:");
-    for (const char* folder : {"C:\\Tools", "C:\\Program Files", "C:\\Program Files\\NAV"}) os.files.makeFolder(folder);
+    drive({"NAV"});
+    os.files.makeFolder("C:\\Tools");
     os.files.put("C:\\Tools\\Pavcl.com", "MZ");
     os.files.put("C:\\Program Files\\NAV\\navw32.exe", "MZ");
     for (const int row : {14, 13}) {
@@ -131,8 +137,8 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
     os.files.files.erase("C:\\PROGRAM FILES\\NAV\\NAVW32.EXE");
 
-    // Test It! starts nothing for a program that is not there, and names one
-    // that will not start; only a started one offers Use It!.
+    // Test It! starts nothing for a program that is not there, and names one that will not start; only a started one
+    // offers Use It!.
     os.processes.refuse = true;
     click(catalogue().Command2, {box::Ok});
     EXPECT_EQ(lastBox(), "You must choose a virus scanner before you proceed!");
@@ -144,12 +150,11 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     click(catalogue().Command2, {box::Ok});
     ASSERT_TRUE(catalogue().Command3.enabled());
     catalogue().Command3.userClick();  // for the first scanner, in both forms
-    EXPECT_FALSE(catalogue().visible());
     EXPECT_EQ(wizard().vpath.caption() + "|" + wizard().varg.caption(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
     EXPECT_EQ(scanner1(), "C:\\Program Files\\NAV\\navw32.exe|/HEUR:3");
 
-    // For the second scanner a Norton program is its own arguments, anything
-    // else (Panda too) gets a blank; the tag is used up.
+    // For the second scanner a Norton program is its own arguments, anything else (Panda too) gets a blank; the tag
+    // is used up.
     choice().cButton1.userClick();
     EXPECT_EQ(catalogue().tag, "1");
     catalogue().Command3.userClick();
@@ -165,21 +170,16 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     choice().cButton1.userClick();
     catalogue().List1.userSetValue(3);
     catalogue().userClose();
-    EXPECT_FALSE(catalogue().visible());
     choice().chlpFind.userClick();
-    EXPECT_EQ(catalogue().tag + catalogue().Text2.caption(), "");
-    EXPECT_EQ(catalogue().List1.value(), -1);
-    EXPECT_EQ(catalogue().List1.items().size(), 16u);
+    EXPECT_EQ(catalogue().tag + catalogue().Text2.caption() + std::to_string(catalogue().List1.value()), "-1");
     EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled());
 }
 
-// Program Files is walked once, also through a junction that points up the
-// tree, and then the rest of the drive; the window lives on meanwhile, and
-// the button or Esc stops the search with the form as it was.
+// Program Files is walked once, also through a junction that points up the tree, and then the rest of the drive; the
+// window lives on meanwhile, and the button or Esc stops the search with the form as it was.
 TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
-    os.files.folders.insert("C:");
-    for (const char* folder : {"C:\\Program Files", "C:\\Program Files\\AVG", "C:\\Program Files\\AVG\\Up", "C:\\Tools"})
-        os.files.makeFolder(folder);
+    drive({"AVG", "AVG\\Up"});
+    os.files.makeFolder("C:\\Tools");
     os.files.junctions["C:\\PROGRAM FILES\\AVG\\UP"] = "C:\\PROGRAM FILES";
     os.files.put("C:\\Tools\\avgse.exe", "MZ");
     std::vector<std::string> looked;
@@ -196,8 +196,7 @@ TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
                           "Looking in C:\\TARVELON\\ Searching...",
                           "Looking in C:\\TARVELON\\DATA\\ Searching...", "Looking in C:\\Tools\\ Searching..."}));
     EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
-    EXPECT_TRUE(catalogue().Command2.enabled());
-    EXPECT_FALSE(catalogue().Command3.enabled());
+    EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
 
     // Esc at the third folder: no message, and the form as before the search.
     looked.clear();
@@ -208,11 +207,75 @@ TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
     catalogue().List1.userSetValue(15);
     catalogue().Command4.userClick();
     EXPECT_EQ(looked.size(), 3u);
-    EXPECT_EQ(catalogue().Text2.caption(), "C:\\Tools\\avgse.exe");
+    EXPECT_EQ(catalogue().Text2.caption() + "|" + catalogue().Command4.caption() + "|" + catalogue().Label4.caption(),
+              "C:\\Tools\\avgse.exe|Search for this Selection...|");
     EXPECT_TRUE(catalogue().Text2.enabled() && catalogue().Command2.enabled() && catalogue().List1.enabled());
-    EXPECT_EQ(catalogue().Command4.caption(), "Search for this Selection...");
-    EXPECT_EQ(catalogue().Label4.caption(), "");
     EXPECT_EQ(catalogue().cancelButton, nullptr);
+}
+
+// Batches of passCount turns, empty entries counted; the walk reads one past the end as an empty entry; a flush that
+// refuses ends the walk.
+TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    ctx.quoteChar = "\"";
+    ctx.passCount = 2;
+    const auto batches = [&](const Texts& entries, std::size_t first, std::size_t last, bool goOn = true) {
+        Texts out;
+        walkInBatches(ctx, first, last, [&](std::size_t i) { return i < entries.size() ? entries[i] : std::string(); },
+                      [&](const FileItems& batch) {
+                          out.emplace_back();
+                          for (const std::string& item : batch) out.back() += item;
+                          return goOn;
+                      });
+        return out;
+    };
+    EXPECT_EQ(batches({"A", "", "B", "C", "D"}, 0, 5), (Texts{"\"A\" ", "\"B\" \"C\" ", "\"D\" "}));
+    EXPECT_EQ(batches({"A", "B"}, 0, 2), (Texts{"\"A\" \"B\" ", ""}));
+    EXPECT_EQ(batches({"A", "B", "C"}, 0, 9, false), Texts{"\"A\" \"B\" "});
+    ctx.passCount = 99999;
+    EXPECT_EQ(batches({"A", "B", "C"}, 0, 2), Texts{"\"A\" \"B\" \"C\" "});
+    ctx.quoteChar.clear();
+    EXPECT_EQ(batches({"heading", "C:\\A B.DLL"}, 1, 1), Texts{"C:\\A B.DLL "});
+
+    ctx.quoteChar = "\"";
+    EXPECT_EQ(singleRunItem(ctx, "\"C:\\A.EXE\" /x") + "|" + singleRunItem(ctx, "\"\""), " \"C:\\A.EXE /x\"| ");
+    EXPECT_EQ(singleFileItem(ctx, "C:\\A.EXE") + "|" + singleFileItem(ctx, "\"C:\\A.EXE\" -run"),
+              "\"C:\\A.EXE\"|\"C:\\A.EXE\" -run");
+    EXPECT_EQ(toShortPath(ctx, "C:\\PROGRA~1\\A.DLL"), "C:\\PROGRA~1\\A.DLL");  // what stands before the zero
+    EXPECT_EQ(toShortPath(ctx, std::string(1100, 'x')), "");  // too long: the buffer stays blank
+
+    // A scanner's window opens normal with the focus only while avfocus is 1.
+    ui::Control avfocus(ui::Kind::CheckBox, "avfocus", nullptr, {}, "");
+    ctx.scannerFocus = &avfocus;
+    for (const int value : {0, 1, 2}) {
+        avfocus.setValue(value);
+        runScanner(ctx, "C:\\AV\\scan.exe");
+    }
+    std::vector<int> styles;
+    for (const auto& [line, style] : os.processes.started) styles.push_back(style);
+    EXPECT_EQ(styles, (std::vector<int>{show::MinimizedFocus, show::NormalFocus, show::MinimizedFocus}));
+}
+
+// The program a scanner's line starts is the longest beginning before a blank that names a program file: a file
+// planted at a shorter beginning never runs, and with the scanner gone nothing does.
+TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
+    const std::vector<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan\\scan.exe",
+                                      "C:\\a.dll", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};
+    Texts asked;
+    const auto program = [&](std::string_view line) {
+        return programOfCommandLine(line, [&](const std::string& path) {
+            asked.push_back(path);
+            return std::find(files.begin(), files.end(), path) != files.end();
+        });
+    };
+    const std::string scanner = "C:\\Program Files\\Scan\\scan.exe";
+    for (const std::string& args : {" /x \"C:\\a b.dll\" ", "  C:\\a.dll C:\\b.dll ", ""})  // no args: two blanks
+        EXPECT_EQ(program(scanner + args), scanner) << args;
+    EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
+    EXPECT_EQ(program("\"C:\\T\\Missing.exe\" /r") + program("C:\\My.Tools\\x /y"), "");  // x: no extension, no program
+    for (const std::string& path : asked)  // no beginning reaching into a file of the list is tried
+        EXPECT_EQ(path.find(':', 2), std::string::npos) << path;
 }
 
 }  // namespace

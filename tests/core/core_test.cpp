@@ -1,5 +1,5 @@
-// The platform-free rules everything parses with: the text routines, settings
-// numbers, the settings file's search and the baseline blocks in memory.
+// The platform-free rules everything parses with: the text routines, settings numbers, the settings file's search and
+// the baseline blocks in memory.
 #include <gtest/gtest.h>
 
 #include "core/section_blocks.h"
@@ -24,12 +24,10 @@ TEST(TextRoutines, PositionsCountFromOneAndCaseFoldsTheWesternCodePage) {
              {"x\r\na=1", "a=", "\r\n", "", 1},  // a last line without line end
              {"a=\r\n", "a=", "\r\n", "", 1}})
         EXPECT_EQ(getBetween(c.text, c.start, c.left, c.right), c.expected) << c.text << " from " << c.start;
-    EXPECT_EQ(inStr(4, "abcabc", "c"), 6u);
-    EXPECT_EQ(inStr(7, "abcabc", "c"), 0u);
-    EXPECT_EQ(inStr(1, "abc", "B"), 0u);
-    EXPECT_EQ(inStr(1, "abc", "B", Compare::IgnoreCase), 2u);
-    EXPECT_EQ(inStr(2, "abc", ""), 2u);
-    EXPECT_EQ(inStr(1, "x\x8a", "\x9a", Compare::IgnoreCase), 2u);
+    EXPECT_EQ(std::vector<std::size_t>({inStr(4, "abcabc", "c"), inStr(7, "abcabc", "c"), inStr(1, "abc", "B"),
+                                        inStr(1, "abc", "B", Compare::IgnoreCase), inStr(2, "abc", ""),
+                                        inStr(1, "x\x8a", "\x9a", Compare::IgnoreCase)}),
+              std::vector<std::size_t>({6, 0, 0, 2, 2, 2}));
     EXPECT_EQ(upperCase("\xe9t\xe9"), "\xc9T\xc9");  // été
     EXPECT_EQ(lowerCase("\xd7\xdf"), "\xd7\xdf");      // multiplication sign and sharp s stay
     EXPECT_TRUE(sameText("R\xc9SUM\xc9.EXE", "r\xe9sum\xe9.exe"));
@@ -43,12 +41,11 @@ TEST(TextRoutines, SettingNumbersAllowBlanksRoundHalfToEvenAndRefuseTextAndOverf
         {" 65536 ", 65536}, {"-5", -5}, {"2.5", 2}, {"3.5", 4}, {"2147483647", 2147483647},
         {"", {}}, {"abc", {}}, {"12kb", {}}, {".", {}}, {"2147483648", {}}};
     for (const auto& [text, number] : cases) EXPECT_EQ(toInt32(text), number) << text;
-    EXPECT_EQ(toInt16("1"), 1);
-    EXPECT_EQ(toInt16("32768"), std::nullopt);
+    EXPECT_EQ(std::make_pair(toInt16("1"), toInt16("32768")), std::make_pair(std::optional<std::int16_t>(1), std::optional<std::int16_t>()));
 }
 
-// The settings file is searched as one text: the first "key=" anywhere, without
-// regard to case, up to its line end; values below two characters read as nothing.
+// The settings file is searched as one text: the first "key=" anywhere, without regard to case, up to its line end;
+// values below two characters read as nothing.
 TEST(SettingsText, RequestWordsFindTheFirstWholeKeyAnywhere) {
     const std::string file = "[Tarvelon]\r\nSETTINGS=1,0\r\nantivirus2=1,0,0\r\nantivirus=c:\\av.exe|/s\r\n"
                              "settings2=1,1\r\nalgo=x\r\ncheckpw=secret\r\nfoo=bar\r\n[1]\r\npath=C:\\A\\\r\n"
@@ -64,12 +61,10 @@ TEST(SettingsText, RequestWordsFindTheFirstWholeKeyAnywhere) {
 
 TEST(BaselineBlocks, LookUpsAreBoundToLineStartsAndValueEnds) {
     const BaselineBlock block("[DLL]\r\nA=B.DLL=1*E\r\nAB.DLL=2*E\r\nOPEN.DLL=3\r\nC.DLL=4*E\r\nNULL*E\r\n");
-    EXPECT_EQ(block.entry("a"), "B.DLL=1");  // the first "=" line that begins so
-    EXPECT_EQ(block.entry("A=B.DLL"), "1");
-    EXPECT_EQ(block.entry("AB"), "");                    // only a prefix of a name
-    EXPECT_EQ(block.entry("open.dll"), "3\r\nC.DLL=4");  // runs on to the next "*E"
-    EXPECT_EQ(block.entry("NULL*E"), "");
-    EXPECT_EQ(block.entry("DLL]"), "");
+    // The first "=" line that begins so; only a prefix of a name is none; a value runs on to the next "*E".
+    for (const auto& [key, value] : {std::pair{"a", "B.DLL=1"}, {"A=B.DLL", "1"}, {"AB", ""}, {"open.dll", "3\r\nC.DLL=4"},
+                                     {"NULL*E", ""}, {"DLL]", ""}})
+        EXPECT_EQ(block.entry(key), value) << key;
     BaselineBlock big("[EXE]\r\nnull*e\r\n");
     for (int i = 0; i < 1000; ++i) big.write("F" + std::to_string(i) + ".EXE", "NULL*E");
     big.write("F500.EXE", "ABCD*E");
@@ -98,8 +93,7 @@ TEST(BaselineBlocks, WritesFindTheKeyAsTheTextSearchDoes) {
     EXPECT_TRUE(writeEntryToBlocks(blocks, "DLL", "B.DLL", "2*E"));
     EXPECT_EQ(blocks.text[0].text(), "[DLL]\r\nA.DLL=1*E\r\n");  // no end line: stays as it was
     EXPECT_FALSE(writeEntryToBlocks(blocks, "EXE", "A.EXE", "1*E"));
-    EXPECT_EQ(findSectionNumber(blocks, "drv"), 2);
-    EXPECT_EQ(findSectionNumber(blocks, "EXE"), 0);
+    EXPECT_EQ(findSectionNumber(blocks, "drv") * 10 + findSectionNumber(blocks, "EXE"), 20);
 }
 
 }  // namespace

@@ -57,6 +57,7 @@ std::string MemoryFiles::firstName(const std::string& folder) {
     const std::string parent = key(folder);
     listing_.clear();
     listed_ = 0;
+    listingFolder_ = folder;
     if (!folders.count(parent)) return {};
     listing_ = {".", ".."};
     for (FolderEntry& entry : children(parent)) listing_.push_back(std::move(entry.name));
@@ -74,6 +75,14 @@ std::string MemoryFiles::folderIdentity(const std::string& folder) const {
 }
 
 std::string MemoryFiles::nextName() { return listed_ < listing_.size() ? listing_[listed_++] : std::string(); }
+
+const ListedName* MemoryFiles::peekName(std::size_t ahead) {
+    if (listed_ + ahead >= listing_.size()) return nullptr;
+    const std::string& name = listing_[listed_ + ahead];
+    const std::string* text = content(listingFolder_ + name);
+    peeked_ = {name, text ? text->size() : 0};
+    return &peeked_;
+}
 
 const std::string* MemoryFiles::content(const std::string& path) const {
     const auto found = files.find(key(path));
@@ -153,6 +162,7 @@ public:
         at_ += n;
         return n;
     }
+    std::optional<std::uint64_t> size() override { return content_.size(); }
 
 private:
     std::string content_;

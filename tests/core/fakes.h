@@ -49,6 +49,7 @@ public:
     std::optional<std::uint64_t> length(const std::string& path) const override;
     std::string firstName(const std::string& folder) override;
     std::string nextName() override;
+    const ListedName* peekName(std::size_t ahead) override;
     std::vector<FolderEntry> listFolder(const std::string& folder) const override;
     std::string folderIdentity(const std::string& folder) const override;
 
@@ -61,6 +62,8 @@ private:
     std::vector<FolderEntry> children(const std::string& parentKey) const;
     std::vector<std::string> listing_;
     std::size_t listed_ = 0;
+    std::string listingFolder_;
+    ListedName peeked_;
 };
 
 class NoProfileFiles final : public ProfileFiles {

@@ -1,19 +1,23 @@
-// The start-up over in-memory files: the paths, the run mode of the command
-// line with its refusals, and the settings applied to the windows and the run.
+// The start-up over in-memory files: the paths, the run mode of the command line with its refusals, the settings
+// applied to the windows and the run, and a Data folder that cannot be written.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
+#include "core/settings_store.h"
 #include "core/settings_text.h"
+#include "core/write_failures.h"
 #include "shutdown/secure_shut_down.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
+#include "ui/settings_actions.h"
 
 namespace tv {
 namespace {
 
 constexpr const char* kSettings = "C:\\Tarvelon\\Data\\Tarvelon.dat";
+constexpr const char* kBaseline = "C:\\Tarvelon\\Data\\Integrity.dat";
 
 struct Start {
     Start() {
@@ -25,8 +29,8 @@ struct Start {
         os.files.folders.insert("C:\\TARVELON\\DATA");
         os.files.put(kSettings, std::move(text));
     }
-    // No data file: the first-run question comes on the plain name and again on
-    // the chosen algorithm's; both are refused.
+    // No data file: the first-run question comes on the plain name and again on the chosen algorithm's; both are
+    // refused.
     void refuseFirstRunTwice() { os.boxes.answers.insert(os.boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     bool reload() { return ui::loadSettings(ctx, app.mainForm(), app.scannerChoice()); }
 
@@ -36,8 +40,8 @@ struct Start {
     ui::MainWindow& main = app.mainForm();
 };
 
-// Switches are compared whole and case-sensitively after trimming; without a
-// data file a switched run asks for the primary scan twice, refuses and ends.
+// Switches are compared whole and case-sensitively after trimming; without a data file a switched run asks for the
+// primary scan twice, refuses and ends. A scheduled run, which nobody watches, puts its boxes into a report instead.
 TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
     struct Case {
         const char* line;
@@ -50,8 +54,7 @@ TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
          "Cannot start Auto-Load.  Primary Full Scan has not yet been completed.\r\nClosing", "none"},
         {"\"C:\\Tarvelon\\TarvelonLow.exe\"  /s ", false,
          "Cannot start Secure Shut Down.  Primary Full Scan has not yet been completed.\r\nClosing.", "none"},
-        {"C:\\Tarvelon\\TarvelonLow.exe /a", false,
-         "Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.\r\nClosing.", "none"},
+        {"C:\\Tarvelon\\TarvelonLow.exe /a", false, "", "none"},
         {"C:\\Tarvelon\\TarvelonLow.exe", false, "", "main"},
         {"TarvelonLow.exe /R", false, "", "main"},
         {"TarvelonLow.exe /r /s", false, "", "main"},
@@ -62,26 +65,29 @@ TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
         SCOPED_TRACE(c.line);
         Start run;
         run.os.processes.line = c.line;
+        const bool unwatched = std::string(c.line).ends_with("/a");
         if (c.baseline) {
             run.settings(newSettingsFileText());
-            run.os.files.put("C:\\Tarvelon\\Data\\Integrity.dat", "");
-        } else {
+            run.os.files.put(kBaseline, "");
+        } else if (!unwatched) {
             run.refuseFirstRunTwice();
             if (*c.refusal) run.os.boxes.answers.push_back(box::Ok);
         }
         run.app.load();
-        const bool unwatched = std::string(c.line).ends_with("/a");  // its boxes go into a report
         EXPECT_EQ(run.os.boxes.shown.size(), c.baseline || unwatched ? 0u : *c.refusal ? 5u : 4u);
-        if (unwatched) {
-            const std::string said = std::string(c.refusal).substr(0, std::string(c.refusal).find('\r'));
-            EXPECT_NE(run.os.files.content(run.ctx.unseenReport)->find(said), std::string::npos);
-        } else if (*c.refusal) {
-            EXPECT_EQ(run.os.boxes.shown.back().prompt, c.refusal);
-            EXPECT_EQ(run.os.boxes.shown.back().title, "TarvelonLow");
-        }
+        if (*c.refusal) EXPECT_EQ(run.os.boxes.shown.back().prompt + "|" + run.os.boxes.shown.back().title,
+                                  c.refusal + std::string("|TarvelonLow"));
         EXPECT_EQ(run.os.loop.quitCalled, std::string(c.shown) == "none");
         EXPECT_EQ(run.main.visible(), std::string(c.shown) == "main");
         EXPECT_EQ(run.app.secureShutDown().frmLogoff.visible(), std::string(c.shown) == "dialog");
+        if (!unwatched) continue;
+        const std::string report = *run.os.files.content(run.ctx.unseenReport);
+        EXPECT_TRUE(report.starts_with("Unattended Run - Tarvelon did not wait for an answer to these messages,"
+                                       "This is your first time using Tarvelon."));
+        EXPECT_NE(report.find(",Perform scan now?,Tarvelon answered: No,You have chosen not"), std::string::npos);
+        EXPECT_TRUE(report.ends_with(
+            ",Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.,Closing.\r\n"));
+        EXPECT_FALSE(run.os.files.content(kBaseline));  // no baseline made unasked
     }
 }
 
@@ -89,9 +95,8 @@ TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValuesAndAnUnreadableOneKeep
     Start run;
     run.refuseFirstRunTwice();
     run.app.load();
-    EXPECT_EQ(run.ctx.appPath, "C:\\Tarvelon\\");
-    EXPECT_EQ(run.ctx.intFile, "C:\\Tarvelon\\Data\\Integrity.dat");
-    EXPECT_EQ(run.ctx.regFile, "C:\\Tarvelon\\Data\\Registry.dat");
+    EXPECT_EQ(run.ctx.appPath + "|" + run.ctx.intFile + "|" + run.ctx.regFile,
+              std::string("C:\\Tarvelon\\|") + kBaseline + "|C:\\Tarvelon\\Data\\Registry.dat");
     EXPECT_EQ(std::make_tuple(run.ctx.readBuffer, run.ctx.passCount, run.ctx.algoName, run.ctx.quoteChar),
               std::make_tuple(65536, 500, std::string("crc32"), std::string("\"")));
     EXPECT_TRUE(run.main.Frame2.shown());
@@ -102,24 +107,21 @@ TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValuesAndAnUnreadableOneKeep
     locked.os.files.locked.insert("C:\\TARVELON\\DATA\\TARVELON.DAT");
     locked.refuseFirstRunTwice();
     locked.app.load();
-    EXPECT_EQ(locked.ctx.algoName, "");
-    EXPECT_TRUE(locked.main.visible());
+    EXPECT_TRUE(locked.ctx.algoName.empty() && locked.main.visible());
 }
 
+// The first-run question comes for the chosen algorithm's data file only, and only its baseline counts.
 TEST(StartUp, BaselineOfTheChosenAlgorithmIsLoadedAndNoOtherCounts) {
-    Start run;
-    run.settings("[Tarvelon]\r\nalgo=md5\r\n");
-    run.os.files.put("C:\\Tarvelon\\Data\\Integrity.dat", "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
-    run.os.boxes.answers = {box::No, box::Ok};  // the first-run question, for the chosen algorithm's file only
-    run.app.load();
-    EXPECT_EQ(run.os.boxes.shown.size(), 2u);
-    Start both;
-    both.settings("[Tarvelon]\r\nalgo=md5\r\n");
-    both.os.files.put("C:\\Tarvelon\\Data\\Integrity.dat", "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
-    both.os.files.put("C:\\Tarvelon\\Data\\Integrity-md5.dat", "[DLL]\r\nA.DLL=2*E\r\nNULL*E\r\n");
-    both.app.load();
-    EXPECT_EQ(both.ctx.intFile, "C:\\Tarvelon\\Data\\Integrity-md5.dat");
-    EXPECT_EQ(both.ctx.section.text[0].entry("A.DLL"), "2");
+    for (const bool own : {false, true}) {
+        Start run;
+        run.settings("[Tarvelon]\r\nalgo=md5\r\n");
+        run.os.files.put(kBaseline, "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
+        if (own) run.os.files.put("C:\\Tarvelon\\Data\\Integrity-md5.dat", "[DLL]\r\nA.DLL=2*E\r\nNULL*E\r\n");
+        run.os.boxes.answers = {box::No, box::Ok};
+        run.app.load();
+        EXPECT_EQ(run.os.boxes.shown.size(), own ? 0u : 2u);
+        if (own) EXPECT_EQ(run.ctx.section.text[0].entry("A.DLL"), "2");
+    }
 }
 
 TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
@@ -131,47 +133,93 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
     ASSERT_TRUE(run.reload());
     auto& w = run.main.settings;
     EXPECT_EQ(std::vector<int>({w.Check1.value(), w.Check2.value(), w.Check3.value(), w.Check4.value(), w.Check8.value(),
-                                w.Check7.value(), w.Check15.value(), w.Check14.value(), w.Check17.value()}),
-              std::vector<int>({1, 1, 0, 1, 1, 1, 0, 1, 1}));
-    EXPECT_EQ(std::make_tuple(run.ctx.readBuffer, run.ctx.passCount, run.ctx.useWsh, run.ctx.autoScanFailed),
-              std::make_tuple(131072, 99999, std::int16_t{1}, true));
+                                w.Check7.value(), w.Check15.value(), w.Check14.value(), w.Check17.value(),
+                                run.main.advanced.avfocus.value()}),
+              std::vector<int>({1, 1, 0, 1, 1, 1, 0, 1, 1, 1}));
+    EXPECT_EQ(std::make_tuple(run.ctx.readBuffer, run.ctx.passCount, run.ctx.useWsh, run.ctx.autoScanFailed,
+                              run.ctx.quoteChar, run.ctx.shortPaths, run.ctx.algoName),
+              std::make_tuple(131072, 99999, std::int16_t{1}, true, std::string(), true, std::string("SHA1")));
     auto& s = run.app.scannerChoice();
-    EXPECT_EQ(s.Text5.caption() + "|" + s.Text6.caption(), "C:\\AV\\scan.exe|/all /quiet");
-    EXPECT_EQ(s.Text1.caption() + "|" + s.Text2.caption(), "C:\\Two\\two.exe|");
-    EXPECT_EQ(run.ctx.quoteChar, "");
-    EXPECT_TRUE(run.ctx.shortPaths);
-    EXPECT_EQ(run.main.advanced.avfocus.value(), 1);
-    EXPECT_EQ(run.ctx.algoName, "SHA1");
+    const auto scanners = [&] { return s.Text5.caption() + "|" + s.Text6.caption() + "," + s.Text1.caption() + "|" +
+                                       s.Text2.caption(); };
+    EXPECT_EQ(scanners(), "C:\\AV\\scan.exe|/all /quiet,C:\\Two\\two.exe|");
 
-    // Shorter lists leave the rest as it was; a scanner without "|" keeps the
-    // program and takes the whole text as its arguments.
+    // Shorter lists leave the rest as it was; a scanner without "|" keeps the program and takes the whole text as its
+    // arguments.
     run.settings("settings=0,1\r\nsettings2=0\r\nadvanced=262144\r\nantivirus=  plain.exe  \r\nalgo=md4\r\n");
     ASSERT_TRUE(run.reload());
-    EXPECT_EQ(std::make_tuple(w.Check2.value(), w.Check3.value(), w.Check7.value(), w.Check17.value()),
-              std::make_tuple(0, 1, 1, 1));
-    EXPECT_EQ(std::make_tuple(run.ctx.readBuffer, run.ctx.passCount), std::make_tuple(262144, 99999));
-    EXPECT_EQ(s.Text5.caption() + "|" + s.Text6.caption(), "C:\\AV\\scan.exe|plain.exe");
+    EXPECT_EQ(std::make_tuple(w.Check2.value(), w.Check3.value(), w.Check7.value(), w.Check17.value(),
+                              run.ctx.readBuffer, run.ctx.passCount),
+              std::make_tuple(0, 1, 1, 1, 262144, 99999));
+    EXPECT_EQ(scanners(), "C:\\AV\\scan.exe|plain.exe,C:\\Two\\two.exe|");
 
     // A value that is no number ends the load there.
     run.ctx.autoScanFailed = false;
     run.settings("settings=1,1,1,1,1,1,1,1\r\nadvanced=big,50,0\r\nalgo=md5\r\n");
     EXPECT_FALSE(run.reload());
-    EXPECT_EQ(w.Check2.value(), 1);
-    EXPECT_FALSE(run.ctx.autoScanFailed);  // never reached
-    EXPECT_EQ(run.ctx.algoName, "md4");
-}
+    EXPECT_TRUE(w.Check2.value() == 1 && !run.ctx.autoScanFailed && run.ctx.algoName == "md4");
 
-TEST(LoadSettings, AutoLoadIsTickedWhileItsShortcutIsThere) {
-    Start run;
-    run.main.settings.Check1.setValue(1);
+    // Auto-Load is ticked while its shortcut is there; with no Startup folder of its own, below Programs.
     run.settings(newSettingsFileText());
-    run.os.shell.special = {{2, "C:\\Programs"}};  // no Startup folder of its own: the one below Programs
-    run.os.files.put("C:\\Startup\\Tarvelon.lnk", "link");
+    run.os.shell.special = {{2, "C:\\Programs"}};
     run.reload();
-    EXPECT_EQ(run.main.settings.Check1.value(), 0);
+    EXPECT_EQ(w.Check1.value(), 0);
     run.os.files.put("C:\\Programs\\StartUp\\Tarvelon.lnk", "link");
     run.reload();
-    EXPECT_EQ(run.main.settings.Check1.value(), 1);
+    EXPECT_EQ(w.Check1.value(), 1);
+}
+
+// A Data folder that cannot be written: the first scan that could never be saved ends the start with one message (the
+// start without a Data folder is the installer scenario's).
+TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
+    Start run;
+    run.settings(newSettingsFileText());  // made by someone who may
+    run.os.files.folders.insert("C:\\TARVELON\\DATA\\LOG");
+    run.os.files.locked.insert("C:\\TARVELON\\DATA\\INTEGRITY.DAT");
+    run.os.boxes.answers = {box::Yes, box::Ok};
+    run.app.load();
+    ASSERT_EQ(run.os.boxes.shown.size(), 2u);  // the first-run question once, then why it cannot be
+    EXPECT_TRUE(run.os.boxes.shown[1].prompt.starts_with(
+        "Tarvelon cannot write to its Data folder:\r\nC:\\Tarvelon\\Data\\\r\n"));
+    EXPECT_TRUE(run.app.ended() && !run.ctx.primaryScan);  // no scan that could never be saved
+}
+
+// A write that fails later is told once per file, and the save does not claim success. Settings and the snapshot
+// through a profile writer that refuses every write.
+struct RefusingProfiles final : ProfileFiles {
+    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override {
+        return {};
+    }
+    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override {
+        return false;
+    }
+    std::vector<std::string> sectionNames(const std::string&) const override { return {}; }
+    bool addSection(const std::string&, const std::string&) override { return false; }
+};
+
+TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {
+    test::FakePlatform os;
+    RefusingProfiles profiles;
+    AppContext ctx{{os.files, profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, os.registry, os.clock,
+                    os.windows, os.power, os.shortcuts}};
+    test::prepareProgramFolder(os, ctx, {});
+    ui::MainWindow window;
+    ui::SettingsActions actions{ctx, window, [] {}, [] {}};
+    os.boxes.answers = {box::Ok, box::Ok};
+    window.settings.cSave.userClick();
+    window.settings.cSave.userClick();
+    writeEntry(ctx, ctx.appPath + "Data\\Registry.dat", "Run", " (x.exe)", "LM/R");
+    ASSERT_EQ(os.boxes.shown.size(), 2u);
+    for (int i : {0, 1})
+        EXPECT_TRUE(os.boxes.shown[i].prompt.starts_with(std::string("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\") +
+                                                        (i ? "Registry" : "Tarvelon") + ".dat\r\n"));
+    EXPECT_EQ(ctx.failedWrites, 5);
+
+    ctx.unattended = true;  // nobody there: counted, never shown
+    reportFailedWrite(ctx, ctx.appPath + "Data\\Integrity.dat");
+    showUnwritableData(ctx);
+    EXPECT_EQ(os.boxes.shown.size(), 2u);
+    EXPECT_EQ(ctx.failedWrites, 6);
 }
 
 }  // namespace

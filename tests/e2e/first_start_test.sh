@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# The first start from a fresh folder: the first full scan refused twice, the
-# main window with its data folders and a new settings file; a log-on start
-# refused without a baseline; then the primary full scan of the real system
-# directory. The main window's pages with their tab orders, About and Help; a
-# scan of the system's DLL files by hand; a custom folder added in the folder
-# manager, scanned for the first time and again from the folder list, and
+# The first start from a fresh folder: the first full scan refused twice, the main
+# window with its data folders and a new settings file; a log-on start refused
+# without a baseline; the primary full scan of the system directory. The main
+# window's pages with their tab orders, About and Help; a scan of the system's DLL
+# files by hand; a custom folder added, scanned for the first time and again, and
 # removed with its data files. The README's pictures on the way.
 source "$(dirname "$0")/lib.sh"
 : "${SCREENSHOTS:?}"
@@ -89,7 +88,7 @@ auto click @intCheck Command1 >/dev/null
 auto press Warning Yes >/dev/null
 auto wait-no-window @intCheck >/dev/null
 
-# A custom folder, added: the lowest row, and the tab order waits for the chosen row's boxes.
+# A custom folder added: the tab order waits for the chosen row's boxes.
 printf 't' >"$custom/t.dll"
 printf 'u' >"$custom/u v.exe"
 auto click "$main" addRem >/dev/null

@@ -1,16 +1,12 @@
 #!/usr/bin/env bash
-# A user looks around and sets Tarvelon up, in one start of the program:
-# AppWatch lists a hidden window of the test's own with its process and closes
-# it; the reports are listed by date and time, one is opened, handed to both
-# scanners again in batches and deleted, and the Delete key takes a date's
-# reports; the settings page makes Auto-Load, the Options page the Secure Shut
-# Down shortcut on the Desktop, the advanced page chooses the scripting host;
-# the scanner selection takes a program from the open-file dialog; the Setup
-# Wizard is walked through its nine pages by the mouse and the keyboard, with
-# the catalogue's search below Program Files and both scanner tests. After
-# every save the settings file must be the one before with only the saved
-# keys changed. On the way the README's pictures of these windows are taken
-# and the Tab key's order is checked on every window and page.
+# A user looks around and sets Tarvelon up, in one start of the program: AppWatch
+# closes a hidden window of another program; the reports are listed, one opened,
+# handed to both scanners and deleted, the Delete key takes a date's; the settings,
+# Options and advanced pages make both shortcuts both ways; the scanner selection
+# takes a program from the open-file dialog; the Setup Wizard is walked through
+# its nine pages by mouse and keyboard, with the catalogue's search and both
+# scanner tests. After every save the settings file is the one before with only
+# the saved keys changed. The README's pictures and every window's tab order.
 source "$(dirname "$0")/lib.sh"
 : "${FAKESCAN:?}"
 
@@ -62,7 +58,6 @@ answer() {  # expected prompt, button
 open_page() { auto click "$main" "$1" >/dev/null; wait_shown "$main" "$2"; }  # button, the page it shows
 save_page() { auto click "$main" "$1" >/dev/null; answer "$2" OK; }            # button, its message
 link_of() { auto link "$(windows_path "$1")" | tr -d '\r'; }
-tab_order() { auto tab-order "$1" | tr -d '\r' | tr '\n' ' ' | sed 's/ $//'; }
 expect_tabs() { expect_eq "$1's tab order" "$2" "$(tab_order "$1")"; }  # window, its controls
 sorted_tree() { auto tree "$main" TreeView2 | tr -d '\r' | sort; }
 # The settings file without the blank lines, which the system's profile writer drops.
@@ -87,19 +82,15 @@ STARTED+=("$WPID")
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
 
-# AppWatch: our window, hidden as it is, is listed with its process; Close
-# asks, and Yes closes it.
+# AppWatch: our window, hidden as it is, is listed with its process; Close asks, Yes closes it.
 rows() { auto items "$main" lstOpenWindows | tr -d '\r'; }
 counted() { [[ $(auto caption "$main" lblCount) == *" open Windows." ]]; }
 auto click "$main" Image9 >/dev/null
 auto click "$main" ref >/dev/null
 wait_until 20 "the count after Refresh" counted
-mapfile -t listed < <(rows)
-expect_eq "count of the rows" "${#listed[@]} open Windows." "$(auto caption "$main" lblCount)"
-index=-1
-for i in "${!listed[@]}"; do [ "${listed[$i]}" == "$WPID: $title" ] && index=$i; done
-[ "$index" -ge 0 ] || fail "no row \"$WPID: $title\" among ${listed[*]}"
-auto choose "$main" lstOpenWindows "$index" >/dev/null
+expect_eq "count of the rows" "$(rows | grep -c "") open Windows." "$(auto caption "$main" lblCount)"
+index=$(rows | grep -nFx -- "$WPID: $title" | cut -d: -f1) || fail "no row \"$WPID: $title\" among $(rows)"
+auto choose "$main" lstOpenWindows $((index - 1)) >/dev/null
 auto wait-caption "$main" txtTitle "$title" >/dev/null
 expect_eq "the chosen window" "Class Name: TarvautoWindow|ProcessID: $WPID" \
     "$(auto caption "$main" lblClassName)|$(auto caption "$main" lblProcessID)"
@@ -111,8 +102,7 @@ expect_eq "our window's program, closed by the request" "0" "$(auto wait-exit "$
 has_row() { rows | grep -cFx -- "$WPID: $title" || true; }
 wait_for "our row after the list was made again" 0 has_row
 
-# The reports by date and time, two of one clock time; a folder named like a
-# report is listed as one.
+# The reports by date and time; a folder named like a report is listed as one.
 auto click "$main" Image11 >/dev/null
 auto click "$main" cReports >/dev/null
 wait_for "tree of the reports" "$(printf '%s\n' 03-05-2006 '03-05-2006\7:30:00 AM' 03-06-2006 '03-06-2006\5:00:00 PM' \
@@ -154,8 +144,8 @@ answer "$shortcut_question" Yes
 answer "Success!" OK
 expect_eq "shut-down shortcut on the Desktop" "$program"$'\n'" /s" "$(link_of "$desktop/SecureShutDown.lnk")"
 
-# The advanced page: a batch size none of its options stands for is kept; the
-# warning shows while neither scanner option is ticked.
+# The advanced page keeps a batch size none of its options stands for; the warning
+# shows while neither scanner option is ticked.
 open_page cButton2 advF
 shoot "$main" main-advanced
 for option in Option3 Option12 wsh Check10; do auto click "$main" "$option" >/dev/null; done
@@ -195,8 +185,7 @@ answer "Save Success!" OK
 auto wait-no-window "$selection" >/dev/null
 expect_saved "antivirus=$long|/HEUR:3"
 
-# The wizard: Next and Back act when the mouse button is let go over them,
-# as when Space is let go; Enter is Next, Esc asks.
+# The wizard: Next and Back act when the mouse button or Space is let go over them; Enter is Next, Esc asks.
 page() {  # title, the controls the Tab key walks
     auto wait-caption "$wizard" title "$1" >/dev/null
     expect_eq "the tab order of \"$1\"" "$2" "$(tab_order "$wizard")"
@@ -233,8 +222,7 @@ next_page "Anti-Virus Setup (2/2)" "Command1 Label2 Label3 Label1"
 auto click "$wizard" Command1 >/dev/null
 answer "$test_notice" OK
 wait_until 20 "the wizard's scanner test" scans_at_least 6
-# Without quotes since the advanced page's save, and with the data file of the
-# algorithm chosen there.
+# Without quotes since the advanced page's save, with the data file of the algorithm chosen there.
 test_line="$avg $(windows_path "$app")\\Data\\Tarvelon.dat $(windows_path "$app")\\Data\\Integrity-md5.dat"
 expect_eq "both tests' command lines" "$test_line"$'\n'"$test_line" "$(tr -d '\r' <"$WORK/scans.log" | tail -n 2)"
 next_page "Main Settings (1/3)" "aload Label2 Label3 Label1"

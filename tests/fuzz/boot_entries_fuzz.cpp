@@ -1,5 +1,5 @@
-// Registry commands and pending boot operations of any bytes: the file a
-// command names, and the files of wininit.ini and of the pending rename value.
+// Registry commands and pending boot operations of any bytes: the file a command names, and the files of wininit.ini
+// and of the pending rename value.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>

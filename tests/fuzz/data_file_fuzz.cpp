@@ -1,6 +1,5 @@
-// The data-file loader on any text: at most nine blocks that are, in order,
-// the text from its first "[" on; and in one of them, look-ups and writes of
-// the indexed block exactly as the plain text search gives them.
+// The data-file loader on any text: at most nine blocks that are, in order, the text from its first "[" on; and in
+// one of them, look-ups and writes of the indexed block exactly as the plain text search gives them.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>
@@ -10,8 +9,8 @@
 
 namespace {
 
-// Tricky pieces and raw bytes. A name one short of the longest the index
-// orders by: with one more piece a key or a line reaches past it.
+// Tricky pieces and raw bytes. A name one short of the longest the index orders by: with one more piece a key or a
+// line reaches past it.
 std::string text(FuzzedDataProvider& in, int maxPieces) {
     static const std::string kLong(tv::BaselineBlock::kLongestIndexedKey - 1, 'K');
     static const std::string kPieces[] = {"[DLL]", "\r\n", "NULL*E", "null*e", "=", "*E", "*e", "[", "]",

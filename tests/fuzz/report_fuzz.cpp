@@ -1,6 +1,5 @@
-// A report's name and contents on any bytes. The report page's one-pass cut
-// gives exactly the fields that the slow cut step by step from the front gives
-// (trim, every CR LF a comma, a comma at the end, one field at a time until an
+// A report's name and contents on any bytes. The report page's one-pass cut gives exactly the fields that the slow
+// cut step by step from the front gives (trim, every CR LF a comma, a comma at the end, one field at a time until an
 // empty one); a name that has a date leads back to a file name of that date.
 #include <fuzzer/FuzzedDataProvider.h>
 

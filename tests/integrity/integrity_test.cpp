@@ -1,7 +1,6 @@
-// The integrity data files over in-memory files: their cut into blocks, their
-// load and look-ups, the blank baseline of a folder, one comparison pass, the
-// look-ups of the update in the lists of findings, and a save that a crash may
-// stop at any step.
+// The integrity data files over in-memory files: their cut into blocks, their load and look-ups, the blank baseline
+// of a folder, one comparison pass, the look-ups of the update in the lists of findings, a save that a crash may stop
+// at any step, and findings that nobody watches going to a report.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -13,7 +12,9 @@
 #include "integrity/compare_pass.h"
 #include "integrity/data_file.h"
 #include "integrity/data_file_text.h"
+#include "integrity/findings_action.h"
 #include "integrity/pending_list_index.h"
+#include "integrity/scan_driver.h"
 #include "integrity/scan_window.h"
 #include "tests/core/fakes.h"
 
@@ -31,19 +32,14 @@ std::string blankFile(const std::string& dllLines = "") {
 }
 
 TEST(DataFileText, NineBlocksEachFromItsHeadToTheNextAndNoTenth) {
-    const auto split = splitDataFile(blankFile("KERNEL32.DLL=ABC*E\r\n"));
-    ASSERT_EQ(split.blockCount, 9);
-    EXPECT_EQ(split.blocks.text[0].text(), "[DLL]\r\nKERNEL32.DLL=ABC*E\r\nNULL*E\r\n");
-    EXPECT_EQ(split.blocks.name[2], "386");
-    EXPECT_EQ(split.blocks.text[8].text(), "[SCR]\r\nNULL*E\r\n");
     const std::string text = blankFile("KERNEL32.DLL=ABC*E\r\n");
+    const auto split = splitDataFile(text);
+    ASSERT_EQ(split.blockCount, 9);
+    EXPECT_EQ(split.blocks.text[0].text() + split.blocks.name[2], "[DLL]\r\nKERNEL32.DLL=ABC*E\r\nNULL*E\r\n386");
     EXPECT_EQ(dataFileText(split.blocks), std::string(kDataFileHeader) + text.substr(text.find('[')));
     EXPECT_EQ(blankDataFileText({}), blankFile());
-    for (const std::string& headless : {std::string(), std::string(kDataFileHeader), std::string("no heads\r\n")}) {
-        const auto none = splitDataFile(headless);
-        EXPECT_EQ(none.blockCount, 0);
-        for (const auto& block : none.blocks.text) EXPECT_TRUE(block.empty());
-    }
+    for (const std::string& headless : {std::string(), std::string(kDataFileHeader), std::string("no heads\r\n")})
+        EXPECT_EQ(splitDataFile(headless).blockCount + splitDataFile(headless).blocks.text[0].text().size(), 0u);
     std::string ten;
     for (int i = 1; i <= 10; ++i) ten += "[S" + std::to_string(i) + "]\r\nX" + std::to_string(i) + "=1*E\r\nNULL*E\r\n";
     const auto nine = splitDataFile(ten);
@@ -76,8 +72,7 @@ protected:
         os.files.put("C:\\crc.tmp", content);
         return hash::getChecksum(ctx, "C:\\crc.tmp");
     }
-    // One pass over the system directory (or the custom folder) against a
-    // baseline of DLL, EXE and COM files.
+    // One pass over the system directory (or the custom folder) against a baseline of DLL, EXE and COM files.
     void pass(SectionBlocks& baseline, const std::string& dll, const std::string& exe, const std::string& com,
               int type, const char* ext1, const char* ext2, const char* planned) {
         baseline = splitDataFile("[DLL]\r\n" + dll + "NULL*E\r\n[EXE]\r\n" + exe + "NULL*E\r\n[COM]\r\n" + com +
@@ -91,7 +86,7 @@ protected:
     ui::ScanWindow window;
 };
 
-TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmpty) {
+TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmptyOrOffersItsBackup) {
     os.files.put(kFile, blankFile("Kernel32.dll= 1A2B *E\r\nA=B.DLL=7*E\r\n"));
     ASSERT_TRUE(loadIntFile(ctx, kFile));
     EXPECT_EQ(getEntry(ctx, kFile, "KERNEL32.DLL", "dll"), "1A2B");
@@ -105,9 +100,8 @@ TEST_F(DataFile, LoadLooksUpWithinItsSectionOnlyAndMakesAMissingFileEmpty) {
     EXPECT_EQ(findSection(ctx, ""), 1);  // nine empty names
     os.files.locked.insert("C:\\T\\DATA\\INTEGRITY.DAT");
     EXPECT_FALSE(loadIntFile(ctx, kFile));
-}
 
-TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
+    // A missing custom folder's file is offered back from its backup.
     const std::string custom = "C:\\T\\Data\\7-md5.dat";
     os.files.put("C:\\T\\Data\\7-md5.bak", blankFile());
     os.boxes.answers = {box::Yes};
@@ -115,9 +109,8 @@ TEST_F(DataFile, MissingCustomFileIsOfferedBackFromItsBackup) {
     ASSERT_TRUE(loadCustomDat(ctx, host, custom));
     ASSERT_TRUE(loadCustomDat(ctx, host, custom));  // there now: no question
     ASSERT_EQ(os.boxes.shown.size(), 1u);
-    EXPECT_EQ(os.boxes.shown[0].prompt, "The data file is missing! Would you like to use the backup?");
-    EXPECT_EQ(os.boxes.shown[0].title, ".Dat file Missing!");
-    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_EQ(os.boxes.shown[0].prompt + "|" + os.boxes.shown[0].title + std::to_string(os.boxes.shown[0].style),
+              "The data file is missing! Would you like to use the backup?|.Dat file Missing!" + std::to_string(box::YesNo));
     EXPECT_EQ(findCustomSection(ctx, "scr"), 9);
 }
 
@@ -125,15 +118,12 @@ TEST_F(DataFile, WalkSortsOneLevelIntoSectionsByTheLastFourCharacters) {
     const std::pair<const char*, int> names[] = {{"A.DLL", 1}, {"a.dll", 1}, {".DLL", 1}, {"vmm.386", 3},
                                                  {"x.Scr", 9}, {"X.DLL.BAK", 0}, {"DLL", 0}};
     for (const auto& [name, section] : names) EXPECT_EQ(sectionOfName(name), section) << name;
-    os.files.folders.insert("C:\\SYS");
-    os.files.makeFolder("C:\\Sys\\Sub.dll");  // a folder with such a name counts like a file
-    os.files.makeFolder("C:\\Sys\\deeper");
+    os.files.folders.insert({"C:\\SYS", "C:\\SYS\\SUB.DLL", "C:\\SYS\\DEEPER"});  // a folder so named counts like a file
     for (const char* name : {"deeper\\inner.dll", "Kernel32.DLL", "notes.txt", "run.exe"})
         os.files.put(std::string("C:\\Sys\\") + name, "");
     const auto lists = walkFolder(ctx, "C:\\Sys\\");
-    EXPECT_TRUE(lists[0] == "Kernel32.DLL,Sub.dll," || lists[0] == "Sub.dll,Kernel32.DLL,") << lists[0];
-    EXPECT_EQ(lists[5], "run.exe,");
-    EXPECT_EQ(os.loop.pumps, 5);  // every entry but "." and ".."
+    EXPECT_TRUE(lists[0] == "Kernel32.DLL,SUB.DLL," || lists[0] == "SUB.DLL,Kernel32.DLL,") << lists[0];
+    EXPECT_EQ(lists[5] + std::to_string(os.loop.pumps), "run.exe,5");  // a pump for every entry but "." and ".."
     EXPECT_EQ(walkFolder(ctx, "C:\\Missing\\"), SectionNameLists{});
 }
 
@@ -144,22 +134,21 @@ TEST_F(DataFile, PassSortsFilesIntoPassingNewAndFailedInTheirOwnSections) {
         os.files.put(kSystem + std::string(name), content);
     pass(ctx.section, "SAME.DLL=" + crcOf("same") + "*E\r\nchanged.dll=" + crcOf("before") + "*E\r\nblank.dll=NULL*E\r\n",
          "", "", 1, ".DLL", "...", "4");
-    EXPECT_EQ(test::scanFigures(window), "4 1 2 1");
-    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 1));
-    EXPECT_EQ(window.caption() + " " + window.percentLabels[0]->caption() + " " + window.pbm.caption(),
-              "100% AutoCheck 100% 4");
+    EXPECT_EQ(test::scanFigures(window) + " " + window.caption() + " " + window.percentLabels[0]->caption() + " " +
+                  window.pbm.caption() + " " + std::to_string(ctx.scan.newCount) + std::to_string(ctx.scan.failCount),
+              "4 1 2 1 100% AutoCheck 100% 4 21");
     auto items = window.List1.items();
     std::sort(items.begin(), items.end());
     EXPECT_EQ(items, (std::vector<std::string>{std::string(kSystem) + "Blank.DLL *NEW*", std::string(kSystem) + "changed.dll",
                                                std::string(kSystem) + "fresh.dll *NEW*"}));
-    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "changed.dll " + crcOf("now") + ","), std::string::npos);
-    EXPECT_NE(ctx.scan.failList.find(std::string(kSystem) + "Blank.DLL " + crcOf("blank") + ","), std::string::npos);
+    for (const auto& [name, content] : {std::pair{"changed.dll ", "now"}, {"Blank.DLL ", "blank"}})
+        EXPECT_NE(ctx.scan.failList.find(kSystem + (name + crcOf(content)) + ","), std::string::npos) << name;
     EXPECT_EQ(ctx.scan.customFailList, "");
 
     // Both extensions of a pass, each in its own section; a changed folder runs over 100%.
     pass(ctx.section, "", "X.EXE=" + crcOf("exe") + "*E\r\n", "x.com=" + crcOf("other") + "*E\r\n", 5, ".EXE", ".COM", "2");
-    EXPECT_EQ(std::make_pair(ctx.scan.newCount, ctx.scan.failCount), std::make_pair(2, 2));
-    EXPECT_EQ(window.Label6.caption() + " " + window.pbm.caption() + " " + window.caption(), "6 6 150% AutoCheck");
+    EXPECT_EQ(window.Label6.caption() + " " + window.pbm.caption() + " " + window.caption() + " " +
+                  std::to_string(ctx.scan.newCount) + std::to_string(ctx.scan.failCount), "6 6 150% AutoCheck 22");
 
     // A planned total that is no 16-bit number leaves the pass's percentage at 0%.
     std::vector<std::string> percents;
@@ -182,20 +171,18 @@ TEST_F(DataFile, CustomFolderPassUsesItsOwnBaselineAndList) {
               "D:\\Tools\\gone.dll(7) " + crcOf("changed") + ",D:\\Tools\\tool.exe(7) " + crcOf("tool") + ",");
 }
 
-// The index answers as the plain search of "," + path + mark does, on random
-// lists of few letters, commas, blanks and marks, whose paths overlap, hold the
-// mark and contain one another.
+// The index answers as the plain search of "," + path + mark does, on random lists of few letters, commas, blanks and
+// marks, whose paths overlap, hold the mark and contain one another.
 TEST(PendingListIndex, AgreesWithThePlainSearch) {
     const auto plain = [](const std::string& list, const std::string& path, char mark) -> std::size_t {
         const std::size_t at = list.find("," + path + mark);
         return at == std::string::npos ? 0 : at + 1;
     };
-    const std::string fixed = "C:\\S\\A.DLL(3) 1,C:\\S\\B.DLL(3) 2,C:\\S\\A.DLL(4) 3,";
-    EXPECT_EQ(PendingListIndex(fixed, '(').afterComma("C:\\S\\A.DLL"), 32u);  // the first entry has no comma before it
+    EXPECT_EQ(PendingListIndex("C:\\A(3) 1,C:\\B(3) 2,C:\\A(4) 3,", '(').afterComma("C:\\A"), 20u);  // none before the first
     std::mt19937 random(7);
-    auto randomPath = [&] {
-        std::string path;
-        for (int n = 1 + static_cast<int>(random() % 6); n > 0; --n) path += "ab,( .\\"[random() % 7];
+    const auto randomPath = [&] {
+        std::string path(1 + random() % 6, ' ');
+        for (char& c : path) c = "ab,( .\\"[random() % 7];
         return path;
     };
     for (int round = 0; round < 2000; ++round) {
@@ -212,8 +199,8 @@ TEST(PendingListIndex, AgreesWithThePlainSearch) {
     }
 }
 
-// Files that stop for good at their n-th change and leave that change half done,
-// as a crash or a power loss in the middle of a save would.
+// Files that stop for good at their n-th change and leave that change half done, as a crash or a power loss in the
+// middle of a save would.
 class CrashingFiles final : public test::MemoryFiles {
 public:
     explicit CrashingFiles(int crashAt) : crashAt(crashAt) {}
@@ -223,23 +210,19 @@ public:
         return change([&] { return MemoryFiles::writeAll(p, b); }, [&] { MemoryFiles::writeAll(p, half(b)); });
     }
     bool writeThrough(const std::string& p, std::string_view b) override { return writeAll(p, b); }
-    bool append(const std::string& p, std::string_view b) override {
-        return change([&] { return MemoryFiles::append(p, b); }, [&] { MemoryFiles::append(p, half(b)); });
-    }
     bool copy(const std::string& from, const std::string& to) override {
         const auto text = readAll(from);
         return change([&] { return text && MemoryFiles::writeAll(to, *text); },
                       [&] { if (text) MemoryFiles::writeAll(to, half(*text)); });
     }
-    bool makeFolder(const std::string& p) override { return change([&] { return MemoryFiles::makeFolder(p); }, [] {}); }
-    bool remove(const std::string& p) override { return change([&] { return MemoryFiles::remove(p); }, [] {}); }
-    bool moveOver(const std::string& from, const std::string& to) override {
-        return change([&] { return MemoryFiles::moveOver(from, to); }, [] {});
+    bool remove(const std::string& p) override { return change([&] { return MemoryFiles::remove(p); }); }
+    bool moveOver(const std::string& f, const std::string& t) override {
+        return change([&] { return MemoryFiles::moveOver(f, t); });
     }
 
 private:
     static std::string_view half(std::string_view bytes) { return bytes.substr(0, bytes.size() / 2); }
-    bool change(const std::function<bool()>& whole, const std::function<void()>& halfDone) {
+    bool change(const std::function<bool()>& whole, const std::function<void()>& halfDone = [] {}) {
         if (crashed) return false;
         if (++changes_ < crashAt) return whole();
         halfDone();
@@ -249,9 +232,8 @@ private:
     int changes_ = 0;
 };
 
-// Every start after a crash at any step of a save loads a whole baseline, the
-// former or the new one, and asks nothing; the save takes three steps: the
-// backup, the new text beside the file, its move into place.
+// Every start after a crash at any step of a save loads a whole baseline, the former or the new one, and asks
+// nothing; the save takes three steps: the backup, the new text beside the file, its move into place.
 TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
     const std::string before = std::string(kDataFileHeader) + "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n[EXE]\r\nNULL*E\r\n";
     for (const bool custom : {false, true}) {
@@ -273,30 +255,52 @@ TEST(CrashDuringSave, EveryStartAfterwardsLoadsTheFormerOrTheNewBaselineWhole) {
             const std::string after = dataFileText(custom ? ctx.custom : ctx.section);
             const bool saved = custom ? saveCustomDat(ctx, dataFile) : saveIntFile(ctx);
 
-            const bool crashed = disk.crashed;
-            disk.crashed = false;  // the next start finds the disk whole again
+            const bool crashed = std::exchange(disk.crashed, false);  // the next start finds the disk whole again
             disk.crashAt = 1 << 30;
             ctx.section.clear();
             ctx.custom.clear();
             test::RecordingHost host;
-            if (custom) {
-                loadCustomDat(ctx, host, dataFile);
-            } else {
-                checkIntFile(ctx, host);
-                loadIntFile(ctx, kFile);
-            }
+            if (!custom) checkIntFile(ctx, host);
+            custom ? loadCustomDat(ctx, host, dataFile) : loadIntFile(ctx, kFile);
             const std::string loaded = dataFileText(custom ? ctx.custom : ctx.section);
             EXPECT_TRUE(loaded == before || loaded == after) << loaded;
             EXPECT_TRUE(os.boxes.shown.empty());
             if (!crashed) {
-                EXPECT_TRUE(saved);
-                EXPECT_EQ(loaded, after);
-                EXPECT_FALSE(disk.length(pendingName(dataFile)));
-                EXPECT_EQ(crashAt, 4);
+                EXPECT_TRUE(saved && loaded == after && !disk.length(pendingName(dataFile)) && crashAt == 4);
                 break;
             }
         }
     }
+}
+
+// A run that nobody watches never waits on a message box: what the box would have said goes into a report of its own,
+// and the run goes on to its end.
+TEST(UnattendedRun, NoScannerInAScheduledRunIsReportedAndTheRunEnds) {
+    test::FakePlatform os;
+    AppContext ctx{os.set()};
+    test::prepareProgramFolder(os, ctx, {});
+    os.files.folders.insert("C:\\TARVELON\\DATA\\LOG");
+    ctx.unattended = ctx.autoScanFailed = true;
+    ctx.cmdLine = "/a";
+    ctx.passCount = 500;
+    ui::ScanWindow window;
+    test::RecordingHost host;
+    ScanDriver driver{ctx, window, host};
+    window.List1.addItem("C:\\WINDOWS\\SYSTEM32\\A.DLL");
+    ctx.scan.failList = "C:\\WINDOWS\\SYSTEM32\\A.DLL 1234,";
+    FindingsAction(ctx, window, host, driver).label12Click();
+    const auto report = [&](const std::string& name) {
+        const std::string* text = os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006" + name + ".log");
+        return text ? *text : "(none)";
+    };
+    EXPECT_TRUE(host.ended);
+    EXPECT_EQ(report(" unattended(3_04_07PM)"),
+              "Unattended Run - Tarvelon did not wait for an answer to these messages,You do not have any Anti-Virus "
+              "program setup with Tarvelon.  For your conveniance, these files will be added to the log, and will be "
+              "updated in your Integrity File (so that you can scan them for viruses later).\r\n");
+    EXPECT_EQ(report("(3_04_07PM)"),
+              "Integrity Checker - These files were logged because you didn't setup an Anti-Virus Scanner,"
+              "C:\\WINDOWS\\SYSTEM32\\A.DLL\r\n");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
-// The reports in Data\Log\ over files in memory: the name and line writeLog
-// makes, and the log browser's tree, report page, scan and deletions. A real
-// report folder listed, a report opened, handed to the fake scanners and
-// deleted are the end-to-end scenario's.
+// The reports in Data\Log\ over files in memory: the name and line writeLog makes, and the log browser's tree, report
+// page, scan and deletions. A real report folder listed, a report opened, handed to the fake scanners and deleted are
+// the end-to-end scenario's.
 #include "logging/log_browser_page.h"
 #include "logging/write_log.h"
 #include "tests/ui/app_fixture.h"
@@ -43,8 +42,8 @@ protected:
     const Texts& list = window.report.List4.items();
 };
 
-// The regional date with "/" made "-" and each part but the last padded, the
-// time without blanks and with "_" for ":".
+// The regional date with "/" made "-" and each part but the last padded, the time without blanks and with "_" for
+// ":".
 TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
                                            {"1-5-9", "11:59:59 AM", "01-05-9(11_59_59AM)"},
@@ -99,9 +98,8 @@ TEST_F(Reports, ReportsOfOneSecondAndPathsWithBlanksStayWhole) {
     EXPECT_EQ(os.processes.started.back().first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
 }
 
-// A date is padded as in the report's name; a time gets its colons and its
-// blank before AM or PM. The nodes come as the folder lists the names: here
-// its folders first, then its files by name.
+// A date is padded as in the report's name; a time gets its colons and its blank before AM or PM. The nodes come as
+// the folder lists the names: here its folders first, then its files by name.
 TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
     os.files.makeFolder(folder + "03-07-2006(1_00_00AM).log");  // listed like a report
     for (const char* name : {"03-05-2006(3_04_07PM).log", "3-6-2006(9_15_00AM).LOG", "2006.03.08(13_04_07).log",
@@ -128,8 +126,8 @@ TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
     EXPECT_TRUE(page.Label26.visible() && !window.repF.visible());
 }
 
-// The first empty field ends the list, a CR LF is a comma, a report of any
-// size is read in one pass; one of its heading alone starts no scanner.
+// The first empty field ends the list, a CR LF is a comma, a report of any size is read in one pass; one of its
+// heading alone starts no scanner.
 TEST_F(Reports, ReportPageListsTheHeadingAndTheFilesForTheScanners) {
     std::string big = "Heading";
     while (big.size() < 4u << 20) big += ",C:\\WINDOWS\\system32\\file" + std::to_string(big.size()) + ".dll";
@@ -172,13 +170,18 @@ TEST_F(Reports, GoOnTheUsersWordAndTheTreeIsLoadedAgain) {
     click(window.report.cDelLog, {box::No});
     EXPECT_TRUE(window.repF.visible() && there("03-05-2006(1_00_00AM).log"));
 
-    // The Delete key: No leaves the tree alone, any other key loads it again.
+    // The Delete key: No leaves the tree alone, as the keys that move in it do; any other key loads it again.
     report("03-07-2006(1_00_00AM).log");
     select("03-06-2006\\2:00:00 AM");
     os.boxes.answers = {box::No, box::Yes};
     tree_.userKeyDown(ui::key::Delete);
     EXPECT_EQ(lastBox(), "Delete Log Entry?");
-    EXPECT_EQ(tree_.nodes().size(), 8u);
+    using namespace ui::key;
+    const std::size_t chosen = tree_.selectedNode();
+    for (const int moving : {Left, Up, Right, Down, Home, End, PageUp, PageDown, Add, Subtract, Multiply}) {
+        tree_.userKeyDown(moving);
+        ASSERT_TRUE(tree_.selectedNode() == chosen && tree_.nodes().size() == 8u) << moving;
+    }
     tree_.userKeyDown('A');
     EXPECT_EQ(tree_.nodes().size(), 10u);
     select("03-07-2006\\1:00:00 AM");

@@ -1,5 +1,5 @@
-// What the program holds through operator new, counted by this test program's
-// own replacement of it: the memory bounds of the hostile-input tests.
+// What the program holds through operator new, counted by this test program's own replacement of it: the memory
+// bounds of the hostile-input tests.
 #pragma once
 
 #include <cstddef>

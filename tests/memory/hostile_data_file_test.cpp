@@ -1,9 +1,7 @@
-// A log-on run's work on a data file that no healthy program wrote: the load,
-// the six passes looking up every file of the system directory, the new values
-// written into the baseline in memory, the save beside the backup and the load
-// again. The bytes held at the peak of the run, the fake disk included (the
-// backup, the new file and for a moment a copy of the file being read), stay
-// within six times the file's size.
+// A log-on run's work on a data file that no healthy program wrote: the load, the six passes looking up every file of
+// the system directory, the new values written into the baseline in memory, the save beside the backup and the load
+// again. The bytes held at the peak of the run, the fake disk included (the backup, the new file and for a moment a
+// copy of the file being read), stay within six times the file's size.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,8 +42,8 @@ protected:
         window.pb2max.setCaption("21");
     }
     std::string crcOf(const std::string& file) { return hash::getChecksum(ctx, kSystem + file); }
-    // The run over `dll` as the data file's first section (or over the bytes
-    // as they are); the peak held beyond what was held before, per byte of the file.
+    // The run over `dll` as the data file's first section (or over the bytes as they are); the peak held beyond what
+    // was held before, per byte of the file.
     double peakPerByte(std::string file, bool sections = true) {
         if (sections) {
             file = std::string(kDataFileHeader) + file;

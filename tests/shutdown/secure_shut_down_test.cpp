@@ -1,9 +1,7 @@
-// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the
-// sequence between them with a wininit.ini of the test's own, scanners and power actions recorded and
-// the count-down's timer ticked by the test. The end-to-end journey walks the windows themselves.
+// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the sequence between
+// them with a wininit.ini of the test's own, scanners and power actions recorded and the count-down's timer ticked by
+// the test. The end-to-end journey walks the windows themselves.
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 #include "avshell/scanner_choice_form.h"
 #include "logging/write_log.h"
@@ -37,6 +35,7 @@ struct RecordingShutdownHost final : ShutdownHost {
     void runRegistryPass() override { record("pass"); }
     void scanAndUpdateWarnings() override { record("update"); }
     void endProgram() override { record("end"); }
+    bool ended() const { return !calls.empty() && calls.back().starts_with("end"); }
 };
 
 class SecureShutDownTest : public ::testing::Test {
@@ -56,6 +55,12 @@ protected:
         Lines lines;
         for (const auto& [line, style] : os.processes.started) lines.push_back(line);
         return lines;
+    }
+    // A choice in the dialog, then the end of the hidden scan: with something logged, the count-down runs.
+    void chooseAndScan(ui::Control& choice, bool logged) {
+        ctx.scanLogged = logged ? 1 : 0;
+        choice.userClick();
+        sd.sequence.preShut2();
     }
 
     test::FakePlatform os;
@@ -97,14 +102,13 @@ TEST_F(SecureShutDownTest, EachChoiceStartsTheSequenceWhichEndsAtOnceWhenNothing
 
     host.calls.clear();
     sd.sequence.preShut2();  // the hidden scan's end: nothing pending, found or logged; back from standby, the end
-    EXPECT_EQ(host.calls, (Lines{"pass: Status: Scanning Registry...",
-                                 "end: Status: All scans completed.  No suspicious files found!"}));
-    EXPECT_EQ(progress.Label2.caption(), "Status: All scans completed.  No suspicious files found!");
+    const std::string done = "Status: All scans completed.  No suspicious files found!";
+    EXPECT_EQ(host.calls, (Lines{"pass: Status: Scanning Registry...", "end: " + done}));
     EXPECT_EQ(os.power.calls, (Lines{"privilege", "state 0 1"}));
     EXPECT_TRUE(progress.ProgressBar1.value() == 0  // no source: the bar does not move
                 && !progress.Command1.visible() && started().empty() && !os.files.content(logFileName(ctx)));
     dialog.Label1.userClick();  // Cancel
-    EXPECT_EQ(host.calls.back(), "end: Status: All scans completed.  No suspicious files found!");
+    EXPECT_EQ(host.calls.back(), "end: " + done);
 }
 
 TEST_F(SecureShutDownTest, PowerActionsForceHungProgramsFromWindows2000OnAndAllBefore) {
@@ -128,13 +132,13 @@ TEST_F(SecureShutDownTest, PowerActionsForceHungProgramsFromWindows2000OnAndAllB
 TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxCanStop) {
     for (const char* name : {"old.dll", "a.x", "b.x", "c.x"}) os.files.put("C:\\P\\"s + name, name);
     os.files.folders.insert("C:\\P\\FOLDER.TMP");
-    // Files that are gone and folders are left out; the second scanner runs
-    // whenever it is set up, the first only with files.
+    // Files that are gone and folders are left out; the second scanner runs whenever it is set up, the first only
+    // with files.
     os.files.put("C:\\WINDOWS\\wininit.ini", "NUL=C:\\P\\old.dll\r\nx=C:\\P\\gone.dll\r\nNUL=C:\\P\\folder.tmp");
     scanners.Text1.setCaption("two.exe");
     scanners.Text2.setCaption("-y");
-    // The pending renames go in runs of passCount files. A file already in the run being built is
-    // not taken again; one that is gone counts all the same.
+    // The pending renames go in runs of passCount files. A file already in the run being built is not taken again;
+    // one that is gone counts all the same.
     registry.value = "\\??\\C:\\P\\a.x\0\\??\\C:\\P\\a.x\0\\??\\C:\\P\\gone.x\0\\??\\C:\\P\\b.x\0\\??\\C:\\P\\c.x\0\0"s;
     ctx.passCount = 2;
     List5.setItems({kWarningsHeading, "HKEY_CURRENT_USER|Loaded in \\Tv (C:\\tv.exe) New Entry!"});
@@ -164,11 +168,59 @@ TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxC
     for (int tick = 1; tick < 120; ++tick) dialog.Timer1.userTick();
     EXPECT_TRUE(os.power.calls.empty() && progress.ProgressBar1.value() == 119);
     dialog.Timer1.userTick();
+    progress.Command1.userClick();  // ShutDown Now after the action: no second one
     EXPECT_EQ(os.power.calls, (Lines{"privilege", "exit 19 4294967295"}));
     EXPECT_FALSE(dialog.Timer1.enabled());  // the count-down ends with the action
     os.boxes.answers = {box::Yes};
     progress.userClose();
     EXPECT_EQ(host.calls.back(), "end: Status: Some files were scanned...Shutting Down in 2 minutes");
+}
+
+// ShutDown Now acts at once and the count-down then sends nothing more; Windows ends the program.
+TEST_F(SecureShutDownTest, ShutDownNowSendsTheActionOnce) {
+    chooseAndScan(dialog.Image4, true);  // Turn Off
+    for (int second = 1; second <= 150; ++second) {
+        if (second == 30) progress.Command1.userClick();
+        ASSERT_EQ(os.power.calls.empty(), second < 30) << second;
+        dialog.Timer1.userTick();
+    }
+    EXPECT_EQ(os.power.calls, (Lines{"privilege", "exit 25 4294967295"}));
+    EXPECT_FALSE(host.ended());
+}
+
+// A refused action is named and gives the choice back: chosen again, it comes at once without scanning again, and No
+// ends the program; with nobody there the question goes to the report and the dialog waits.
+TEST_F(SecureShutDownTest, ARefusedActionIsNamedAndTheChoiceComesBack) {
+    os.power.refuses = true;
+    chooseAndScan(dialog.Label2, true);  // Log Off... asks to hibernate
+    os.boxes.answers = {box::Yes};
+    progress.Command1.userClick();
+    const std::string why = "The power options may not allow it, or you may not have the right to shut the computer "
+                            "down.";
+    const std::string again = "Do you want to choose again? Click No to close Tarvelon.";
+    EXPECT_EQ(os.boxes.shown.at(0).prompt,
+              "Windows refused to hibernate the computer.\r\n\r\n" + why + "\r\n\r\n" + again);
+    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo | box::Exclamation);
+    EXPECT_EQ(progress.Label2.caption(), "Status: Windows refused to hibernate the computer.");
+    EXPECT_TRUE(dialog.visible());
+    os.boxes.answers = {box::No};
+    dialog.Image6.userClick();  // Restart
+    EXPECT_EQ(os.power.calls, (Lines{"privilege", "state 0 1", "privilege", "exit 19 4294967295"}));
+    EXPECT_EQ(os.boxes.shown.at(1).prompt.substr(0, 40), "Windows refused to restart the computer.");
+    EXPECT_EQ(std::count_if(host.calls.begin(), host.calls.end(), [](auto& c) { return c.starts_with("scan"); }), 1);
+    EXPECT_TRUE(host.ended());
+
+    SecureShutDown unseen{ctx, scanners, List5, host};
+    host.calls.clear();
+    ctx.scanLogged = 0;
+    unseen.frmLogoff.Image6.userClick();
+    unseen.sequence.preShut2();
+    EXPECT_TRUE(unseen.frmLogoff.visible());
+    EXPECT_EQ(*os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006 unattended(3_04_07PM).log"),
+              "Unattended Run - Tarvelon did not wait for an answer to these messages,Windows refused to restart the "
+              "computer.," + why + "," + again + ",Tarvelon answered: Yes\r\n");
+    unseen.frmLogoff.userClose();  // the dialog's close box is its Cancel
+    EXPECT_TRUE(host.ended());
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The whole program over the platform's stand-ins: its folder C:\Tarvelon with a
-// settings file, a Startup folder, and the settings writes recorded.
+// The whole program over the platform's stand-ins: its folder C:\Tarvelon with a settings file, a Startup folder, and
+// the settings writes recorded.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,11 +1,13 @@
-// The Options page and the main window's small actions over the platform's
-// stand-ins: Help, the web page, mail and updates; the settings page, the
-// shortcuts, the advanced page and Compare Speeds. What the real system makes
-// of the saves and shortcuts is the end-to-end scenario's.
+// The Options page and the main window's small actions over the platform's stand-ins: Help, the web page, mail and
+// updates; the settings page, the shortcuts and the Startup folder they go to, the advanced page, Compare Speeds and
+// the flat controls, tree and list they are made of. What the real system makes of the saves and shortcuts is the
+// end-to-end scenario's.
+#include "core/file_utils.h"
 #include "core/vb_number.h"
 #include "tests/ui/app_fixture.h"
 #include "ui/main_actions.h"
 #include "ui/shortcut_maker.h"
+#include "ui/startup_folder.h"
 
 namespace tv::ui {
 namespace {
@@ -37,16 +39,13 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
     os.shell.openResult = 42;
     click(window.about.cButton5, {box::No});
     click(window.about.cButton5, {box::Yes});  // opened: nothing more to say
-    window.about.Label37.userClick();
-    EXPECT_EQ(os.boxes.shown.size(), 6u);
     os.shell.openResult = 31;
     click(window.about.Label37, {box::Ok});
     EXPECT_EQ(lastBox(), std::string("Could not execute default mail client.\r\nPlease write to ") + kSupportMail);
-    const std::vector<Opened> opened(3, {"Open", "index.html", "C:\\Tarvelon\\Help\\"});
-    EXPECT_EQ(std::vector<Opened>(os.shell.opened.begin(), os.shell.opened.begin() + 3), opened);
-    EXPECT_EQ(os.shell.opened.at(5)[1] + os.shell.opened.at(6)[1], std::string(kMakerWebPage) + kMakerWebPage);
-    EXPECT_EQ(os.shell.opened.at(7)[1], std::string("mailto:") + kSupportMail + "?subject=Tarvelon(v2.0.0)");
-
+    EXPECT_EQ(os.boxes.shown.size(), 7u);
+    for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(os.shell.opened[i], (Opened{"Open", "index.html", "C:\\Tarvelon\\Help\\"}));
+    EXPECT_EQ(os.shell.opened.at(5)[1] + os.shell.opened.at(6)[1] + os.shell.opened.at(7)[1],
+              std::string(kMakerWebPage) + kMakerWebPage + "mailto:" + kSupportMail + "?subject=Tarvelon(v2.0.0)");
     os.shell.opened.clear();
     click(window.options.cUpdates, {box::No});
     EXPECT_EQ(lastBox(), "Tarvelon requires Orbexa (Orbexa Update Utility) to check for updates.\r\n\r\n"
@@ -58,9 +57,8 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
               std::string("The web site could not be opened. Please visit ") + kUpdateUtilityPage + " by hand.");
 }
 
-// A save starts from no Auto-Load shortcut and makes it again when the box is
-// ticked, with the settings file made anew if it has gone; a shortcut that
-// cannot be made is reported instead of the success.
+// A save starts from no Auto-Load shortcut and makes it again when the box is ticked, with the settings file made
+// anew if it has gone; a shortcut that cannot be made is reported instead of the success.
 TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) {
     window.options.cSettings.userClick();
     ASSERT_TRUE(os.files.remove(ctx.settFile));
@@ -74,15 +72,14 @@ TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) 
     os.files.put(kLink, "old");
     page.Check1.userSetValue(0);
     click(page.cSave, {box::Ok});
-    EXPECT_FALSE(os.files.content(kLink));
-    EXPECT_EQ(os.shortcuts.links.size(), 1u);
+    EXPECT_TRUE(!os.files.content(kLink) && os.shortcuts.links.size() == 1u);
     ASSERT_EQ(os.boxes.shown.size(), 2u);
     EXPECT_TRUE(os.boxes.shown[0].prompt.starts_with(std::string("Tarvelon could not write the Auto-Load shortcut\r\n") + kLink));
     EXPECT_EQ(lastBox(), "Settings Saved Successfully");
 }
 
-// The two ways, and what each Auto-Load and Secure Shut Down shortcut holds,
-// are the Wine and end-to-end scenarios'; here the rules around them.
+// The two ways, and what each Auto-Load and Secure Shut Down shortcut holds, are the Wine and end-to-end scenarios';
+// here the rules around them.
 TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven) {
     os.processes.path = "D:\\Tools\\Tarvelon.Low.EXE";
     EXPECT_EQ(programFile(ctx), "C:\\Tarvelon\\Tarvelon.Low.exe");
@@ -98,14 +95,12 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     Texts made;
     for (const auto& shortcut : os.shortcuts.scripted) made.push_back(shortcut.path);
     EXPECT_EQ(made, (Texts{"C:\\a.URL", "C:\\b.Lnk", "C:\\c.txt.lnk", "C:\\lnk.lnk", "url.lnk"}));
-    EXPECT_FALSE(os.shortcuts.scripted[0].arguments);
-    EXPECT_EQ(os.shortcuts.scripted[0].windowStyle, 0);
+    EXPECT_TRUE(!os.shortcuts.scripted[0].arguments && os.shortcuts.scripted[0].windowStyle == 0);
     ctx.useWsh = -1;  // only 1 chooses the scripting way
     createAutoLoad(ctx, kLink);
     EXPECT_EQ(os.shortcuts.links.size(), 2u);
 
-    // A Secure Shut Down shortcut that fails is reported; one that is there
-    // already is kept, and that is a success.
+    // A Secure Shut Down shortcut that fails is reported; one that is there already is kept, and that is a success.
     ctx.useWsh = 1;
     os.shortcuts.succeed = false;
     os.boxes.answers = {box::No, box::Ok, box::Ok, box::No, box::Ok, box::Ok};
@@ -121,8 +116,8 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
     EXPECT_EQ(lastBox(), "Success!");
 }
 
-// Opening the page selects the options of the saved values, and none for a
-// value no option stands for; the read buffer takes effect at the save.
+// Opening the page selects the options of the saved values, and none for a value no option stands for; the read
+// buffer takes effect at the save.
 TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
     struct Case {
         const char *advanced, *algorithm;
@@ -133,10 +128,9 @@ TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
         settings({{"advanced=65536,500,0", std::string("advanced=") + c.advanced},
                   {"algo=crc32", std::string("algo=") + c.algorithm}});
         window.options.cButton2.userClick();
-        EXPECT_EQ(chosen(advanced.bufferOptions), c.buffer) << c.advanced;
-        EXPECT_EQ(chosen(advanced.batchOptions), c.batch) << c.advanced;
-        EXPECT_EQ(chosen(advanced.algorithmOptions), c.algorithmOption) << c.algorithm;
-        EXPECT_EQ(advanced.wsh.value(), c.wsh);
+        EXPECT_EQ(std::vector<int>({chosen(advanced.bufferOptions), chosen(advanced.batchOptions),
+                                    chosen(advanced.algorithmOptions), advanced.wsh.value()}),
+                  std::vector<int>({c.buffer, c.batch, c.algorithmOption, c.wsh})) << c.advanced << c.algorithm;
     }
     EXPECT_TRUE(window.advF.shown() && !window.qSett.shown() && !window.setFq.shown());
     advanced.bufferOptions[1]->userSetValue(1);
@@ -144,9 +138,8 @@ TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
     advanced.wsh.userSetValue(0);
     advanced.Check10.userSetValue(0);
     click(advanced.cSave2, {box::Ok});
-    EXPECT_EQ(std::to_string(ctx.readBuffer) + "," + std::to_string(ctx.passCount) + "," + std::to_string(ctx.useWsh),
-              "131072,50,0");
-    EXPECT_EQ(ctx.quoteChar, "");  // the scanner options are in force at once
+    EXPECT_EQ(std::make_tuple(ctx.readBuffer, ctx.passCount, ctx.useWsh, ctx.quoteChar),  // in force at once
+              std::make_tuple(131072, 50, std::int16_t{0}, std::string()));
 }
 
 // The warning follows only the clicks on the two scanner options, not the opening.
@@ -162,8 +155,8 @@ TEST_F(Options, WarningShowsWhileNeitherScannerOptionIsTicked) {
     EXPECT_EQ(seen, "--W--W-");  // greyed counts as ticked
 }
 
-// Three tests over the four buffer sizes on the program file, each size timed
-// by the clock; the buffer and the button are put back after them.
+// Three tests over the four buffer sizes on the program file, each size timed by the clock; the buffer and the button
+// are put back after them.
 class CompareSpeeds : public Options {
 protected:
     CompareSpeeds() {
@@ -176,16 +169,20 @@ protected:
         };
     }
     ~CompareSpeeds() override {
-        EXPECT_EQ(ctx.readBuffer, 100000);
-        EXPECT_EQ(advanced.cSpeeds.caption(), "Compare Speeds");
+        EXPECT_EQ(std::to_string(ctx.readBuffer) + advanced.cSpeeds.caption(), "100000Compare Speeds");
         EXPECT_TRUE(advanced.cSpeeds.enabled() && advanced.List1.enabled());
     }
     std::string buffersAtPumps;
 };
 
-// Of equal times the smaller buffer stays the quickest; a timing across
-// midnight comes out negative, and the quickest.
+// Of equal times the smaller buffer stays the quickest; a timing across midnight comes out negative, and the
+// quickest. Without the program file nothing is timed.
 TEST_F(CompareSpeeds, ReportsEveryTestWithTheQuickestBuffer) {
+    ASSERT_TRUE(os.files.remove(kProgram));
+    click(advanced.cSpeeds, {box::Ok});
+    EXPECT_EQ(lastBox(), "File not found: C:\\Tarvelon\\TarvelonLow.exe");
+    EXPECT_TRUE(advanced.List1.items().empty() && buffersAtPumps.empty());
+    os.files.put(kProgram, std::string(3000, 'x'));
     for (int i = 0; i < 12; ++i) os.clock.script.insert(os.clock.script.end(), {45296.125, 45296.171875});
     os.clock.script[5] = 45296.1875;  // test 1, 256 Kb
     os.clock.script[12] = 86399.5;    // test 2, 256 Kb, until a quarter past midnight
@@ -205,19 +202,152 @@ TEST_F(CompareSpeeds, ReportsEveryTestWithTheQuickestBuffer) {
     EXPECT_EQ(buffersAtPumps, "64 128 256 512 64 128 256 512 64 128 256 512 ");
 }
 
-TEST_F(CompareSpeeds, MissingProgramFileIsToldAndNothingTimed) {
-    ctx.algoName = "";
-    os.files.files.clear();
-    click(advanced.cSpeeds, {box::Ok});
-    EXPECT_EQ(lastBox(), "File not found: C:\\Tarvelon\\TarvelonLow.exe");
-    EXPECT_TRUE(advanced.List1.items().empty() && buffersAtPumps.empty());
-}
-
 TEST(SingleText, SevenDigitsAndTheExponentFormAtTheEnds) {
     for (const auto& [value, text] : {std::pair{0.0f, "0"}, {-0.0f, "0"}, {999.0f, "999"}, {0.12109375f, "0.1210938"},
                                       {-0.5f, "-0.5"}, {1234567.0f, "1234567"}, {12345678.0f, "1.234568E+07"},
                                       {0.0001f, "0.0001"}, {0.00001f, "1E-05"}})
         EXPECT_EQ(singleText(value), text) << value;
+}
+
+TEST(FlatControls, DisabledButtonIsWhiteAndGivesNoClickAndNormsTakesTheHoverOff) {
+    Control button(Kind::FlatButton, "cGo", nullptr, {}, "Go");
+    int clicks = 0;
+    button.onClick = [&] { ++clicks; };
+    button.setEnabled(false);
+    button.userClick();
+    button.userPress(true);  // no pressed look either
+    std::string colours = std::to_string(button.foreColour() == kWhite);
+    button.setEnabled(true);
+    colours += std::to_string(button.foreColour() == kBlack);
+    button.userPress(true);
+    button.downStatus();  // does nothing on a button
+    colours += std::to_string(button.foreColour() == kWhite);
+    button.userPress(false);
+    button.userClick();
+    EXPECT_EQ(colours + std::to_string(button.foreColour() == kBlack) + std::to_string(clicks), "11111");
+
+    MainWindow window;
+    window.settings.Check8.userHover(true);
+    window.advanced.avfocus.userHover(true);  // a plain check box has no hover
+    EXPECT_TRUE(window.settings.Check8.foreColour() == kBlue && window.advanced.avfocus.foreColour() == kBlack);
+    window.norms();
+    EXPECT_FALSE(window.settings.Check8.foreColour() != kBlack || window.settings.Check8.underlined());
+}
+
+// The tree of the RegWatch page and of the log browser: nodes found by key in the order they came, a key that is
+// taken refusing the node, and only the user's clicks and openings raising events.
+TEST(TreeView, KeyedNodesInTheirOrderAndTheUsersEventsOnly) {
+    Control tree(Kind::TreeView, "TreeView1", nullptr, {}, {});
+    std::vector<std::string> events;
+    tree.onNodeClick = [&] { events.push_back("click " + std::to_string(tree.selectedNode())); };
+    tree.onExpand = [&](std::size_t node, bool open) { events.push_back((open ? "open " : "close ") + std::to_string(node)); };
+    EXPECT_TRUE(tree.addNode({}, "LOCAL", "HKEY_LOCAL_MACHINE") && tree.addNode("LOCAL", "!LLIR", "Loaded in Run"));
+    EXPECT_TRUE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "A (C:\\a.exe)"));
+    EXPECT_FALSE(tree.addNode("!LLIR", "#1 (C:\\a.exe)", "B (C:\\a.exe)") || tree.addNode("nowhere", "x", "x"));
+    EXPECT_TRUE(tree.addNode({}, "USER", "HKEY_CURRENT_USER"));
+    EXPECT_EQ(tree.nodeIndex("USER") + tree.nodeIndex("x"), 3u + kNoNode);
+    EXPECT_EQ(tree.nodes()[0].children + tree.nodes()[1].children + tree.nodes()[2].parent, 3u);
+    EXPECT_EQ(tree.fullPath(2) + "|" + tree.fullPath(3) + "|" + tree.fullPath(9),
+              "HKEY_LOCAL_MACHINE\\Loaded in Run\\A (C:\\a.exe)|HKEY_CURRENT_USER|");
+    tree.setValue(2);  // chosen by the program: no event
+    tree.userSelectNode(1);
+    tree.userSelectNode(1);  // the chosen node clicked again
+    tree.userExpandNode(0, true);
+    tree.userExpandNode(0, false);
+    tree.userSelectNode(7);
+    tree.userExpandNode(7, true);
+    tree.setEnabled(false);
+    tree.userSelectNode(0);
+    tree.userExpandNode(0, true);
+    EXPECT_EQ(events, (std::vector<std::string>{"click 1", "click 1", "open 0", "close 0"}));
+    tree.clearNodes();  // the keys go with the nodes, and so does the choice
+    EXPECT_TRUE(tree.selectedNode() == kNoNode && tree.addNode({}, "LOCAL", "again"));
+}
+
+TEST(ListBox, OneRowChangesInPlaceAndAWholeListArrivesAtOnce) {
+    Control list(Kind::ListBox, "List5", nullptr, {}, {});
+    std::vector<Prop> told;
+    list.setSink([&](Control&, Prop what) { told.push_back(what); });
+    list.addItem("row");
+    list.setValue(0);
+    list.setItem(0, "row) ");
+    list.setItem(0, "row) ");  // unchanged: nothing to tell
+    list.setItem(5, "none");
+    EXPECT_EQ(list.selectedText(), "row) ");
+    list.setItems({"a", "b", "c"});
+    EXPECT_EQ(list.items().size() + list.value(), 2u);  // and nothing is chosen
+    EXPECT_EQ(told, (std::vector<Prop>{Prop::ItemAdded, Prop::Value, Prop::ItemChanged, Prop::Items}));
+}
+
+// Where Auto-Load puts its shortcut: all users' Startup folder only for Tarvelon installed for all users and run by
+// an administrator, the user's own otherwise; a shortcut an earlier copy left in the other folder is the one in use,
+// brought up to date, and goes with the user's own when Auto-Load is off.
+constexpr const char* kOwn = "C:\\Users\\Ann\\Startup\\Tarvelon.lnk";
+constexpr const char* kAll = "C:\\ProgramData\\Startup\\Tarvelon.lnk";
+constexpr const char* kInstalled = "C:\\Program Files\\Tarvelon\\TarvelonLow.exe";
+const std::string kUninstall = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\";
+
+// The machine's list of installed programs with one setup's entry, which only an administrator may open with all
+// access.
+struct SetupEntry final : test::NoRegistry {
+    std::string name, folder;
+    bool administrator = true;
+    long openKey(std::uint32_t root, const std::string& subKey, RegView, RegAccess, Key& key) override {
+        const bool found = root == hive::LocalMachine && subKey == kUninstall + name;
+        key = found && administrator ? 7 : 0;
+        return key ? 0 : found ? 5 : 2;
+    }
+    long queryValue(Key key, const RegText& value, RegValue& read) override {
+        if (key != 7 || value.text != "InstallLocation") return 2;
+        read.type = 1, read.bytes = folder + '\0';
+        return 0;
+    }
+};
+
+class AutoLoadFolder : public ::testing::Test {
+protected:
+    AutoLoadFolder() {
+        ctx.appPath = "C:\\Program Files\\Tarvelon\\";
+        os.processes.path = kInstalled;
+        os.shell.special[kUserStartupFolder] = "C:\\Users\\Ann\\Startup";
+        os.shell.special[kCommonStartupFolder] = "C:\\ProgramData\\Startup";
+    }
+    test::FakePlatform os;
+    SetupEntry entry;
+    AppContext ctx{{os.files, os.profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, entry, os.clock,
+                    os.windows, os.power, os.shortcuts}};
+};
+
+TEST_F(AutoLoadFolder, AllUsersStartupOnlyForTheAllUsersInstallationRunByAnAdministrator) {
+    for (const auto& [name, folder, administrator, link] :
+         {std::tuple{"Tarvelon", "C:\\Program Files\\Tarvelon", true, kAll},
+          {"Tarvelon (32-bit)", "c:\\program files\\TARVELON\\", true, kAll},
+          {"Tarvelon", "C:\\Program Files\\Tarvelon", false, kOwn}, {"Tarvelon", "C:\\Program Files\\Tarvelon Old", true, kOwn},
+          {"Orbexa", "C:\\Program Files\\Tarvelon", true, kOwn}}) {
+        std::tie(entry.name, entry.folder, entry.administrator) = std::tuple{name, folder, administrator};
+        EXPECT_EQ(autoLoadShortcutPath(ctx), link) << name << " " << folder << " " << administrator;
+    }
+    entry.name.clear();  // no setup at all: a copy unpacked from the portable archive
+    EXPECT_EQ(getStartupFolder(ctx), "C:\\Users\\Ann\\Startup");
+}
+
+TEST_F(AutoLoadFolder, ShortcutAnEarlierCopyLeftInTheOtherFolderIsUpdatedOrRemoved) {
+    os.files.put(kAll, "an earlier copy's");
+    EXPECT_TRUE(fileThere(ctx, autoLoadShortcutPath(ctx)));  // Auto-Load shows as on
+    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // even the save that keeps a shortcut in place
+    ASSERT_EQ(os.shortcuts.links.size(), 1u);
+    EXPECT_EQ(os.shortcuts.links[0].first + "|" + os.shortcuts.links[0].second.target + "|" +
+                  os.shortcuts.links[0].second.arguments.value_or("none"), std::string(kAll) + "|" + kInstalled + "| /r");
+
+    os.files.put(kOwn, "mine");
+    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // the shortcut in the user's own folder is kept
+    EXPECT_EQ(os.shortcuts.links.size(), 1u);
+    os.files.put(kAll, "an earlier copy's");
+    EXPECT_TRUE(saveAutoLoad(ctx, false, true));
+    EXPECT_FALSE(fileThere(ctx, kOwn) || fileThere(ctx, kAll) || !os.boxes.shown.empty());
+
+    EXPECT_TRUE(saveAutoLoad(ctx, true, true));  // a new one goes to the user's own folder
+    EXPECT_EQ(os.shortcuts.links.back().first, kOwn);
 }
 
 }  // namespace

@@ -26,18 +26,13 @@ namespace {
 
 using ui::Kind;
 
-std::string nameOf(HWND window) {
-    char name[256] = {};
-    const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(window, win32::kNameProperty)));
-    if (atom) ::GlobalGetAtomNameA(atom, name, sizeof name);
-    return name;
-}
-
 HWND childNamed(HWND form, const std::string& name) {
     std::pair<const std::string*, HWND> search{&name, nullptr};
     ::EnumChildWindows(form, [](HWND child, LPARAM param) -> BOOL {
         auto& [wanted, found] = *reinterpret_cast<std::pair<const std::string*, HWND>*>(param);
-        if (nameOf(child) == *wanted) found = child;
+        char own[256] = {};
+        ::GlobalGetAtomNameA(static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(::GetPropA(child, win32::kNameProperty))), own, 256);
+        if (*wanted == own) found = child;
         return !found;
     }, reinterpret_cast<LPARAM>(&search));
     return search.second;
@@ -110,10 +105,9 @@ protected:
         os.files.put("C:\\AV\\scan.exe", "MZ");
     }
     void expectFits(const ui::Form& form, const std::string& state = {}, int dpi = win32::systemDpi()) {
-        const auto faults = misfits(form, {dpi});
         std::string all;
-        for (const auto& fault : faults) all += "\n  " + fault;
-        EXPECT_TRUE(faults.empty()) << form.name() << state << " at " << dpi << " DPI:" << all;
+        for (const auto& fault : misfits(form, {dpi})) all += "\n  " + fault;
+        EXPECT_TRUE(all.empty()) << form.name() << state << " at " << dpi << " DPI:" << all;
     }
     int fontHeight(HWND window) {
         LOGFONTA font{};
@@ -130,13 +124,9 @@ protected:
 TEST_F(DisplayScale, EveryWindowFitsItsCaptions) {
     ui::MainWindow& main = app.mainForm();
     main.cButton7.userClick();  // About, with the program's version
-    expectFits(main);
-    expectFits(app.scannerChoice());
-    expectFits(app.scannerCatalogue());
-    expectFits(app.scanWindow());
-    expectFits(app.customFolders());
-    expectFits(app.secureShutDown().frmLogoff);
-    expectFits(app.secureShutDown().sProg);
+    for (const ui::Form* form : std::initializer_list<const ui::Form*>{&main, &app.scannerChoice(), &app.scannerCatalogue(),
+             &app.scanWindow(), &app.customFolders(), &app.secureShutDown().frmLogoff, &app.secureShutDown().sProg})
+        expectFits(*form);
     main.Image11.userClick();
     main.options.cSetW.userClick();
     ui::SetupWizardForm& wizard = app.setupWizard();
@@ -158,8 +148,7 @@ TEST_F(DisplayScale, MainWindowFollowsItsMonitor) {
     ::SendMessageA(window, win32::kDpiChanged, MAKEWPARAM(to, to), reinterpret_cast<LPARAM>(&frame));
     RECT client{};
     ::GetClientRect(window, &client);
-    EXPECT_EQ(client.right, target.px(720));
-    EXPECT_EQ(client.bottom, target.px(500));
+    EXPECT_EQ(std::to_string(client.right) + "x" + std::to_string(client.bottom), std::to_string(target.px(720)) + "x" + std::to_string(target.px(500)));
     EXPECT_NEAR(fontHeight(childNamed(window, "Label36")), before * to / from, 1);
     expectFits(app.mainForm(), " moved", to);
 }

@@ -1,8 +1,14 @@
-// The real system under the program's small rules: files and folders, the
-// settings file through the system's profile calls, checksums of files that
-// change while they are read, scanner processes, the DLL search, and the
-// renderer driven through real window messages.
+// The real system under the program's small rules: files and folders, the settings
+// file through the profile calls, checksums of files changing while read, scanner
+// processes, the DLL search, the renderer driven through real window messages,
+// shortcuts as Windows reads them and the top windows AppWatch works on.
+#include <objbase.h>
+#include <ole2.h>
+#include <shlobj.h>
+
+#include <cstring>
 #include <set>
+#include <thread>
 
 #include "avshell/scanner_launch.h"
 #include "core/file_utils.h"
@@ -16,6 +22,10 @@
 #include "platform/win32/win32_base.h"
 #include "platform/win32/win32_renderer.h"
 #include "tests/win/win_fixture.h"
+#include "ui/main_actions.h"
+#include "ui/main_window.h"
+#include "ui/settings_actions.h"
+#include "ui/shortcut_maker.h"
 #include "ui/startup_folder.h"
 
 namespace tv::test {
@@ -51,17 +61,14 @@ TEST_F(Platform, FilesFoldersAndTheTreeSearch) {
     EXPECT_TRUE(files.canRead(getSysDir(ctx) + "kernel32.dll"));
     EXPECT_EQ(getSpecialFolder(ctx, 0x7FFF), "\\");  // a folder number the system does not know
     EXPECT_EQ(autoLoadShortcutPath(ctx).substr(getStartupFolder(ctx).size()), "\\Tarvelon.lnk");
-    files.makeFolder(path("a"));
-    files.makeFolder(path("a\\b"));
+    for (const char* folder : {"a", "a\\b", "a\\absent.exe"}) files.makeFolder(path(folder));  // a folder is no program
     writeFile("a\\b\\scanner.exe", "MZ");
-    files.makeFolder(path("a\\absent.exe"));  // a folder is no program
     int entered = 0;
     FolderSearch search(ctx, [&](const std::string&) { return ++entered, true; });
     EXPECT_TRUE(sameText(search.findInTree(path(""), "SCANNER.EXE"), path("a\\b\\scanner.exe")));
     const int walked = entered;
-    EXPECT_EQ(search.findInTree(path("A\\B"), "scanner.exe"), "");  // the same folder spelled otherwise: searched
-    EXPECT_EQ(entered, walked);
-    EXPECT_EQ(FolderSearch(ctx, [](const std::string&) { return true; }).findInTree(path(""), "absent.exe"), "");
+    EXPECT_EQ(search.findInTree(path("A\\B"), "scanner.exe") + search.findInTree(path(""), "absent.exe"), "");
+    EXPECT_EQ(entered, walked);  // the same folder spelled otherwise: searched already
 }
 
 TEST_F(Platform, ListingShowsEveryFileAndFolderWhateverItsAttributes) {
@@ -156,12 +163,8 @@ TEST_F(Platform, ChecksumsOfFilesThatAreLockedGrowPastFourGigabytesOrChangeWhile
     DWORD written = 0;
     ::WriteFile(big, "tail bytes", 10, &written, nullptr);
     ::CloseHandle(big);
-    const std::vector<std::uint8_t> zeros(1 << 20, 0);
-    std::uint32_t state = 0xFFFFFFFFu;
-    for (int i = 0; i < 4096; ++i) state = hash::crc32Update(state, zeros.data(), zeros.size());
-    state = hash::crc32Update(hash::crc32Update(state, zeros.data(), 5), reinterpret_cast<const std::uint8_t*>("tail bytes"), 10);
     ctx.readBuffer = 524288;
-    EXPECT_EQ(hash::getChecksum(ctx, path("big.bin")), hash::hexText(~state));
+    EXPECT_EQ(hash::getChecksum(ctx, path("big.bin")), "ABA4D7B4");  // zlib's CRC-32 of 2^32 + 5 zeros and the tail
     files.remove(path("big.bin"));
 }
 
@@ -206,21 +209,19 @@ TEST_F(Platform, DllSearchLeavesTheCurrentFolderOut) {
     char previous[MAX_PATH + 1] = {};
     ::GetCurrentDirectoryA(MAX_PATH, previous);
     ASSERT_TRUE(::SetCurrentDirectoryA(path("").c_str()));
-    HMODULE planted = ::LoadLibraryA("tvprobe.dll");
-    EXPECT_NE(planted, nullptr);  // found in the current folder, as the system searches by default
-    if (planted) ::FreeLibrary(planted);
+    const auto loads = [](const char* name) {
+        HMODULE module = ::LoadLibraryA(name);
+        return module && ::FreeLibrary(module);
+    };
+    EXPECT_TRUE(loads("tvprobe.dll"));  // found in the current folder, as the system searches by default
     const win32::DllSearch done = win32::narrowDllSearch();
-    EXPECT_TRUE(done.currentFolderLeftOut && done.systemFolderOnly);
-    EXPECT_EQ(::LoadLibraryA("tvprobe.dll"), nullptr);
-    HMODULE system = ::LoadLibraryA("msacm32.dll");
-    EXPECT_NE(system, nullptr);
-    if (system) ::FreeLibrary(system);
+    EXPECT_TRUE(done.currentFolderLeftOut && done.systemFolderOnly && !loads("tvprobe.dll") && loads("msacm32.dll"));
     ::SetCurrentDirectoryA(previous);
 }
 
-class Renderer : public WinTest {
+class Renderer : public ::testing::Test {
 protected:
-    Renderer() : form("testForm", "Renderer Test", {0, 0, 300, 200}) {}
+    Renderer() : form("testForm", "Renderer Test", {0, 0, 520, 300}) {}
     void show() {
         real.attach(form);
         form.setVisible(true);
@@ -272,16 +273,41 @@ TEST_F(Renderer, FastChangingLabelIsWrittenAtIntervalsAndEndsOnItsLastText) {
     EXPECT_STREQ(text, "20000");
 }
 
-TEST_F(Renderer, FlatCheckLightsUnderTheMouseAndCheckListTicksAreItsRowsSelections) {
-    auto& box = form.add(ui::Kind::FlatCheck, "Check1", {10, 10, 150, 24}, "Tick");
+// A flat check lights under the mouse; a check list's ticks are its rows'
+// selections. A check box given colours of its own is drawn by the renderer (an
+// owner-drawn button, which no visual style draws), so that its colours show with
+// styles and without. Enter presses the focused button or the default, Esc closes
+// where the form says so. The queue status sees paint and is asked at most once a
+// millisecond.
+TEST_F(Renderer, ControlsAnswerTheirWindowMessages) {
+    auto& flat = form.add(ui::Kind::FlatCheck, "Check1", {10, 10, 150, 24}, "Tick");
     auto& list = form.add(ui::Kind::CheckList, "List2", {10, 40, 150, 100});
+    auto& box = form.add(ui::Kind::CheckBox, "Check2", {170, 10, 240, 24}, "Scan this Folder at Startup (AutoLoad)");
+    form.add(ui::Kind::ListBox, "List1", {170, 40, 100, 60});
+    auto& other = form.add(ui::Kind::FlatButton, "cOther", {170, 110, 80, 24}, "Other");
+    auto& save = form.add(ui::Kind::FlatButton, "cSave", {260, 110, 80, 24}, "Save");
     list.addItem("Scan DLL Files");
     list.addItem("Scan DRV Files");
-    int clicks = 0;
-    list.onClick = [&] { ++clicks; };
+    std::string pressed;
+    list.onClick = [&] { pressed += "list "; };
+    box.onClick = [&] { pressed += "box "; };
+    save.onClick = [&] { pressed += "save "; };
+    other.onClick = [&] { pressed += "other "; };
+    form.onUnload = [&] { pressed += "close "; };
+    form.defaultButton = &save;
     show();
+    win32::Win32EventLoop events;
+    events.pump();
+    ::InvalidateRect(reinterpret_cast<HWND>(form.nativeWindow()), nullptr, TRUE);
+    EXPECT_NE(events.queueStatus(queue::InputOrPaint) & (queue::Paint << 16), 0u);
+    EXPECT_EQ(events.queueStatus(queue::InputOrPaint), 0u);  // asked again at once
+    const DWORD start = ::GetTickCount();
+    std::uint32_t later = 0;
+    while (later == 0 && ::GetTickCount() - start < 2000) later = events.queueStatus(queue::InputOrPaint);
+    EXPECT_NE(later & (queue::Paint << 16), 0u);  // the paint is still waiting
+
     HWND check = childNamed("Check1");
-    const auto look = [&] { return std::make_pair(box.foreColour(), box.underlined()); };
+    const auto look = [&] { return std::make_pair(flat.foreColour(), flat.underlined()); };
     ::SendMessageA(check, WM_MOUSEMOVE, 0, MAKELPARAM(60, 10));  // over the caption
     EXPECT_EQ(look(), std::make_pair(ui::kBlue, true));
     ::SendMessageA(check, WM_MOUSEMOVE, 0, MAKELPARAM(4, 10));  // over the box
@@ -289,27 +315,16 @@ TEST_F(Renderer, FlatCheckLightsUnderTheMouseAndCheckListTicksAreItsRowsSelectio
     ::SendMessageA(check, WM_MOUSEMOVE, 0, MAKELPARAM(60, 10));
     ::SendMessageA(check, WM_MOUSELEAVE, 0, 0);
     EXPECT_EQ(look(), std::make_pair(ui::kBlack, false));
-
     HWND rows = childNamed("List2");
     list.setTicked(1, true);
     EXPECT_GT(::SendMessageA(rows, LB_GETSEL, 1, 0), 0);
     ::SendMessageA(rows, LB_SETSEL, TRUE, 0);  // what a click on the first row does
     command(rows, LBN_SELCHANGE);
     EXPECT_TRUE(list.ticked(0));
-    EXPECT_EQ(clicks, 1);
     list.setItem(0, "Scan 386, SYS Files");  // new texts keep the ticks
     EXPECT_GT(::SendMessageA(rows, LB_GETSEL, 0, 0) + ::SendMessageA(rows, LB_GETSEL, 1, 0), 1);
-}
 
-// A check box given colours of its own is drawn by the renderer (an owner-drawn
-// button, which no visual style draws), so that its colours show with styles
-// and without: white on dark blue and black on red stand in its pixels.
-TEST_F(Renderer, CheckBoxInColoursOfItsOwnIsDrawnInThem) {
-    auto& box = form.add(ui::Kind::CheckBox, "Check1", {10, 10, 240, 24}, "Scan this Folder at Startup (AutoLoad)");
-    int clicks = 0;
-    box.onClick = [&] { ++clicks; };
-    show();
-    HWND hwnd = childNamed("Check1");
+    HWND hwnd = childNamed("Check2");
     const auto type = [hwnd] { return ::GetWindowLongA(hwnd, GWL_STYLE) & BS_TYPEMASK; };
     const auto captionColours = [hwnd] {  // right of the box
         ::RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
@@ -326,29 +341,18 @@ TEST_F(Renderer, CheckBoxInColoursOfItsOwnIsDrawnInThem) {
     box.setValue(1);
     EXPECT_EQ(type(), BS_OWNERDRAW);
     auto seen = captionColours();
-    EXPECT_TRUE(seen.count(0x800000) && seen.count(0xFFFFFF));
+    EXPECT_TRUE(seen.count(0x800000) && seen.count(0xFFFFFF));  // white on dark blue
     box.setLook(ui::kBlack);
     box.setBackColour(0x0000FF);
     box.setValue(0);
     seen = captionColours();
-    EXPECT_TRUE(seen.count(0x0000FF) && seen.count(0x000000) && !seen.count(0x800000));
+    EXPECT_TRUE(seen.count(0x0000FF) && seen.count(0x000000) && !seen.count(0x800000));  // black on red
     command(hwnd, BN_CLICKED);
-    EXPECT_EQ(std::make_pair(box.value(), clicks), std::make_pair(1, 1));
+    EXPECT_EQ(box.value(), 1);
     box.setBackColour(ui::kSystemColour);
     EXPECT_EQ(type(), BS_3STATE);
     EXPECT_EQ(::SendMessageA(hwnd, BM_GETCHECK, 0, 0), BST_CHECKED);
-}
 
-TEST_F(Renderer, EnterPressesTheFocusedButtonOrTheDefaultAndEscClosesWhereTheFormSaysSo) {
-    form.add(ui::Kind::ListBox, "List1", {10, 10, 100, 60});
-    auto& other = form.add(ui::Kind::FlatButton, "cOther", {10, 80, 80, 24}, "Other");
-    auto& save = form.add(ui::Kind::FlatButton, "cSave", {100, 80, 80, 24}, "Save");
-    std::string pressed;
-    save.onClick = [&] { pressed += "save "; };
-    other.onClick = [&] { pressed += "other "; };
-    form.onUnload = [&] { pressed += "close "; };
-    form.defaultButton = &save;
-    show();
     HWND top = reinterpret_cast<HWND>(form.nativeWindow());
     const auto key = [top](int id) { ::SendMessageA(top, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); };
     ::SetFocus(childNamed("List1"));
@@ -358,20 +362,186 @@ TEST_F(Renderer, EnterPressesTheFocusedButtonOrTheDefaultAndEscClosesWhereTheFor
     key(IDCANCEL);
     form.closesOnEscape = true;
     key(IDCANCEL);
-    EXPECT_EQ(pressed, "save other close ");
+    EXPECT_EQ(pressed, "list box save other close ");
 }
 
-TEST_F(Renderer, QueueStatusSeesPaintAndIsAskedAtMostOnceAMillisecond) {
-    show();
-    win32::Win32EventLoop events;
-    events.pump();
-    ::InvalidateRect(reinterpret_cast<HWND>(form.nativeWindow()), nullptr, TRUE);
-    EXPECT_NE(events.queueStatus(queue::InputOrPaint) & (queue::Paint << 16), 0u);
-    EXPECT_EQ(events.queueStatus(queue::InputOrPaint), 0u);  // asked again at once
-    const DWORD start = ::GetTickCount();
-    std::uint32_t later = 0;
-    while (later == 0 && ::GetTickCount() - start < 2000) later = events.queueStatus(queue::InputOrPaint);
-    EXPECT_NE(later & (queue::Paint << 16), 0u);  // the paint is still waiting
+// A shortcut file's parts as the shell reads them, "|" between them; empty when it is none.
+std::string readLink(const std::string& file) {
+    IShellLinkA* link = nullptr;
+    IPersistFile* persist = nullptr;
+    std::string parts;
+    const std::wstring wide(file.begin(), file.end());
+    if (SUCCEEDED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA,
+                                     reinterpret_cast<void**>(&link))) &&
+        SUCCEEDED(link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&persist))) &&
+        SUCCEEDED(persist->Load(wide.c_str(), STGM_READ))) {
+        char path[1024] = {}, arguments[1024] = {}, description[1024] = {}, folder[1024] = {}, icon[1024] = {};
+        int iconNumber = -1, show = -1;
+        link->GetPath(path, sizeof path, nullptr, SLGP_RAWPATH);
+        link->GetArguments(arguments, sizeof arguments);
+        link->GetDescription(description, sizeof description);
+        link->GetWorkingDirectory(folder, sizeof folder);
+        link->GetIconLocation(icon, sizeof icon, &iconNumber);
+        link->GetShowCmd(&show);
+        parts = upperCase(path) + "|" + arguments + "|" + description + "|" + folder + "|" + upperCase(icon) + "," +
+                std::to_string(iconNumber) + "|" + std::to_string(show);
+    }
+    if (persist) persist->Release();
+    if (link) link->Release();
+    return parts;
+}
+
+// What the Options page needs of the real system: shortcuts made through the
+// shell-link object and the scripting host, and the update utility's record.
+class OptionsPage : public WinTest {
+protected:
+    OptionsPage() {
+        ::OleInitialize(nullptr);
+        ctx.appPath = path("");
+        ctx.settFile = path("Tarvelon.dat");
+        processes.path = program;
+        writeFile("TarvelonLow.exe", "MZ");
+    }
+    ~OptionsPage() override {
+        ::OleUninitialize();
+        ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, kUtilityKey);
+    }
+
+    static constexpr const char* kUtilityKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Orbexa_is1";
+    AppContext ctx{set()};
+    const std::string program = path("TarvelonLow.exe");
+};
+
+TEST_F(OptionsPage, EachWayMakesItsShortcutAndNoneInAFolderThatIsMissing) {
+    createAutoLoad(ctx, path("Tarvelon.lnk"));
+    const std::string target = upperCase(program);
+    EXPECT_EQ(readLink(path("Tarvelon.lnk")),
+              target + "| /r|Access Shortcut||" + target + ",0|" + std::to_string(SW_SHOWNORMAL));
+    ctx.useWsh = 1;
+    writeFile("Tarvelon.lnk", "not a shortcut");  // the scripting way writes over it
+    createAutoLoad(ctx, path("Tarvelon.lnk"));
+    EXPECT_EQ(readLink(path("Tarvelon.lnk")).substr(0, target.size() + 13), target + "|/r|Tarvelon|");
+    EXPECT_TRUE(makeShortcutWsh(ctx, path("Scan.url"), "d", program, "/s"));
+    EXPECT_TRUE(files.canRead(path("Scan.url")) && !files.canRead(path("Scan.url.lnk")));
+    EXPECT_FALSE(makeShortcut(ctx, path("Gone\\Tarvelon.lnk"), program, "", " /r", program, 0, 5) ||
+                 makeShortcutWsh(ctx, path("Gone\\Tarvelon.lnk"), "Tarvelon", program, "/r") ||
+                 files.canRead(path("Gone\\Tarvelon.lnk")));
+
+    // The scripting host's name taken from the machine's registry for a moment.
+    char clsid[64] = {};
+    LONG size = sizeof clsid;
+    ASSERT_EQ(::RegQueryValueA(HKEY_CLASSES_ROOT, "WScript.Shell\\CLSID", clsid, &size), ERROR_SUCCESS);
+    ::RegDeleteKeyA(HKEY_CLASSES_ROOT, "WScript.Shell\\CLSID");
+    const bool made = makeShortcutWsh(ctx, path("Scan.lnk"), "SecureShutDown", program, "/s");
+    ::RegSetValueA(HKEY_CLASSES_ROOT, "WScript.Shell\\CLSID", REG_SZ, clsid, static_cast<DWORD>(std::strlen(clsid)));
+    EXPECT_FALSE(made || files.canRead(path("Scan.lnk")));
+}
+
+// A shortcut that cannot be removed (a read-only one) stays as it is, ticked or
+// not, and the save says saved all the same.
+TEST_F(OptionsPage, ReadOnlyAutoLoadShortcutStaysWhateverTheSettingsPageSaves) {
+    FixedShell startup;
+    startup.special[24] = path("");
+    AppContext withStartup{{files, profiles, startup, boxes, processes, loop, renderer, registry, clock, windows, power,
+                            shortcuts}};
+    withStartup.appPath = path("");
+    withStartup.settFile = ctx.settFile;
+    ui::MainWindow window;
+    ui::SettingsActions actions{withStartup, window, [] {}, [] {}};
+    writeFile("Tarvelon.lnk", "kept");
+    ::SetFileAttributesA(path("Tarvelon.lnk").c_str(), FILE_ATTRIBUTE_READONLY);
+    for (const int ticked : {1, 0}) {
+        window.settings.Check1.setValue(ticked);
+        boxes.answers.push_back(box::Ok);
+        window.settings.cSave.userClick();
+    }
+    ::SetFileAttributesA(path("Tarvelon.lnk").c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(readFile("Tarvelon.lnk"), "kept");
+    EXPECT_EQ(boxes.shown.size(), 2u);
+}
+
+// The update utility's uninstall record, as its installer leaves it.
+TEST_F(OptionsPage, InstalledUpdateUtilityStartsMinimisedForThisProduct) {
+    HKEY key = nullptr;
+    const std::string folder = "C:\\Program Files\\Orbexa";
+    ::RegCreateKeyExA(HKEY_LOCAL_MACHINE, kUtilityKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    ::RegSetValueExA(key, "Inno Setup: App Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(folder.c_str()),
+                     static_cast<DWORD>(folder.size() + 1));
+    ::RegCloseKey(key);
+    ui::MainWindow window;
+    ui::MainActions actions{ctx, window, [] {}};
+    window.options.cUpdates.userClick();
+    processes.refuse = true;  // a utility that does not start ends the action quietly
+    window.options.cUpdates.userClick();
+    EXPECT_EQ(processes.started, (std::vector<std::pair<std::string, int>>{
+                                     {"C:\\Program Files\\Orbexa\\Orbexa.exe Tarvelon2", show::MinimizedFocus}}));
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+// AppWatch's window calls over windows of the test's own, shown and hidden; one
+// that refuses to close, and one that never answers and holds the program only for
+// the answer time. Another program's window is the end-to-end journey's.
+LRESULT CALLBACK testWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CLOSE && ::GetPropA(window, "refuses")) return 0;
+    return ::DefWindowProcA(window, message, wParam, lParam);
+}
+constexpr const char* kClass = "TarvelonTestWindow";
+HWND makeWindow(const std::string& title, bool shown) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = testWindowProc;
+    windowClass.hInstance = ::GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = kClass;
+    ::RegisterClassA(&windowClass);  // once; later calls fail harmlessly
+    return ::CreateWindowExA(0, kClass, title.c_str(), WS_OVERLAPPEDWINDOW | (shown ? WS_VISIBLE : 0), 0, 0, 120, 80,
+                             nullptr, nullptr, ::GetModuleHandleA(nullptr), nullptr);
+}
+NativeWindow number(HWND window) { return reinterpret_cast<NativeWindow>(window); }
+
+using AppWatchWindows = WinTest;
+
+TEST_F(AppWatchWindows, TopWindowsAsTheSystemHasThem) {
+    HWND shown = makeWindow("Tarvelon Test Shown", true);
+    HWND hidden = makeWindow("Tarvelon Test Hidden", false);
+    EXPECT_EQ(windows.titleBuffer(number(shown), 255), "Tarvelon Test Shown" + std::string(255 - 19, '\0'));
+    EXPECT_EQ(windows.find(std::nullopt, "TARVELON TEST HIDDEN"), number(hidden));  // titles without regard to case
+    EXPECT_EQ(windows.find(std::string(kClass), "Tarvelon Test Shown"), number(shown));
+    EXPECT_EQ(windows.find(std::string("Edit"), "Tarvelon Test Shown") +
+                  windows.find(std::string(), "Tarvelon Test Shown"), 0u);  // an empty class is no class
+    windows.bringToTop(number(hidden));  // down the stacking order: above the one made after it
+    NativeWindow first = windows.relative(windows.desktop(), 5);
+    while (first && first != number(hidden) && first != number(shown)) first = windows.relative(first, 2);
+    EXPECT_EQ(first, number(hidden));
+    ::SetPropA(hidden, "refuses", reinterpret_cast<HANDLE>(1));
+    windows.askToClose(number(hidden));
+    EXPECT_TRUE(::IsWindow(hidden));  // it may refuse
+    ::RemovePropA(hidden, "refuses");
+    windows.askToClose(number(hidden));
+    EXPECT_FALSE(::IsWindow(hidden));
+    // A window that has gone: empty texts, no process, and nothing done.
+    EXPECT_EQ(windows.titleBuffer(number(hidden), 255) + windows.classBuffer(0, 255), std::string(510, '\0'));
+    EXPECT_EQ(windows.processId(number(hidden)) + windows.relative(number(hidden), 2), 0u);
+    windows.bringToTop(0);
+    windows.askToClose(0);
+    ::DestroyWindow(shown);
+
+    win32::Win32TopWindows impatient(200);  // the window's thread takes no messages until let go
+    HANDLE release = ::CreateEventA(nullptr, TRUE, FALSE, nullptr), made = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    HWND stuck = nullptr;
+    std::thread owner([&] {
+        stuck = makeWindow("Tarvelon Test Stuck", false);
+        ::SetEvent(made);
+        ::WaitForSingleObject(release, INFINITE);  // no message loop meanwhile
+        MSG message;
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageA(&message);
+        ::DestroyWindow(stuck);
+    });
+    ::WaitForSingleObject(made, INFINITE);
+    impatient.askToClose(number(stuck));
+    EXPECT_TRUE(::IsWindow(stuck));
+    ::SetEvent(release);
+    owner.join();
+    ::CloseHandle(release);
+    ::CloseHandle(made);
 }
 
 }  // namespace

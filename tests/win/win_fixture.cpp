@@ -37,14 +37,6 @@ std::string WinTest::readFile(const std::string& relative) const {
     return files.readAll(path(relative)).value_or("<unreadable>");
 }
 
-std::string WinTest::expected(const std::string& before,
-                              const std::vector<std::pair<const char*, std::string>>& writes) {
-    writeFile("expected.dat", before);
-    for (const auto& [key, value] : writes)
-        ::WritePrivateProfileStringA("Tarvelon", key, value.c_str(), path("expected.dat").c_str());
-    return readFile("expected.dat");
-}
-
 std::string fakeScannerPath() {
     char self[MAX_PATH] = {};
     ::GetModuleFileNameA(nullptr, self, MAX_PATH);

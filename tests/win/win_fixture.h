@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "platform/win32/win32_files.h"
 #include "platform/win32/win32_system.h"
@@ -23,9 +21,6 @@ protected:
     std::string path(const std::string& relative) const { return folder_ + relative; }
     void writeFile(const std::string& relative, const std::string& bytes);
     std::string readFile(const std::string& relative) const;
-    // The settings file as the system's profile writer leaves `before` after
-    // these writes to the main section, in that order: what a save must write.
-    std::string expected(const std::string& before, const std::vector<std::pair<const char*, std::string>>& writes);
 
     PlatformSet set() {
         return {files, profiles, shell, boxes, processes, loop, renderer, registry, clock, windows, power, shortcuts};
