@@ -44,6 +44,57 @@ std::u16string utf16Of(const RegText& name) { return name.spelledExactly() ? utf
 
 bool isStringType(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
+// The wide registry calls, which read every name and string as it is. The
+// Windows 9x family has only the ANSI ones (its wide ones are stubs that
+// answer ERROR_CALL_NOT_IMPLEMENTED), so they are looked up, never imported:
+// there the program reads the code page's spelling, all such a system has.
+struct WideCalls {
+    decltype(&::RegEnumValueW) enumValue =
+        systemFunction<decltype(&::RegEnumValueW)>("advapi32.dll", "RegEnumValueW");
+    decltype(&::RegQueryValueExW) queryValue =
+        systemFunction<decltype(&::RegQueryValueExW)>("advapi32.dll", "RegQueryValueExW");
+    decltype(&::RegDeleteValueW) deleteValue =
+        systemFunction<decltype(&::RegDeleteValueW)>("advapi32.dll", "RegDeleteValueW");
+    decltype(&::CompareStringW) compare = systemFunction<decltype(&::CompareStringW)>("kernel32.dll", "CompareStringW");
+};
+
+const WideCalls& wideCalls() {
+    static const WideCalls calls;
+    return calls;
+}
+
+// The same calls in the code page, for a system without the wide ones.
+long enumValueInCodePage(HKEY key, DWORD index, RegText& name) {
+    std::string buffer(256, '\0');
+    for (;;) {
+        DWORD length = static_cast<DWORD>(buffer.size());
+        const LONG result = ::RegEnumValueA(key, index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);
+        if (result == ERROR_MORE_DATA && buffer.size() < 65536) {
+            buffer.resize(buffer.size() * 2);
+            continue;
+        }
+        if (result != ERROR_SUCCESS) return result;
+        buffer.resize(length);
+        name = RegText(std::move(buffer));
+        return result;
+    }
+}
+
+long queryValueInCodePage(HKEY key, const std::string& name, RegValue& value) {
+    DWORD type = 0, size = 1024;
+    std::string data;
+    for (LONG result = ERROR_MORE_DATA; result != ERROR_SUCCESS;) {
+        data.resize(size);
+        result = ::RegQueryValueExA(key, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(data.data()), &size);
+        if (result != ERROR_SUCCESS && result != ERROR_MORE_DATA) return result;
+    }
+    data.resize(size);
+    value.type = type;
+    value.bytes = std::move(data);
+    value.exact.clear();
+    return ERROR_SUCCESS;
+}
+
 // The registry's own path of an open key ("\REGISTRY\MACHINE\SOFTWARE\..."),
 // by which two handles are told to be one key; empty when the system does
 // not say.
@@ -74,8 +125,9 @@ bool sharedWithNative(HKEY root, const std::string& subKey, HKEY other) {
     if (::RegOpenKeyExA(root, subKey.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) return false;
     UniqueKey native(opened);
     const std::u16string path = keyPath(native.get());
-    return !path.empty() && ::CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, wide(path), -1,
-                                             wide(keyPath(other)), -1) == CSTR_EQUAL;
+    return !path.empty() && wideCalls().compare &&
+           wideCalls().compare(LOCALE_INVARIANT, NORM_IGNORECASE, wide(path), -1, wide(keyPath(other)), -1) ==
+               CSTR_EQUAL;
 }
 
 }  // namespace
@@ -119,11 +171,14 @@ long Win32Registry::enumKey(Key key, std::uint32_t index, std::string& buffer) {
 // what the system asks for, however long (the one-call reading of the
 // ordinary case costs no more than the fixed buffers did).
 long Win32Registry::enumValue(Key key, std::uint32_t index, RegText& name) {
+    const auto enumWide = wideCalls().enumValue;
     std::u16string units(256, u'\0');
     for (;;) {
         DWORD length = static_cast<DWORD>(units.size());
-        const LONG result = ::RegEnumValueW(handleOf(key), index, reinterpret_cast<wchar_t*>(units.data()), &length,
-                                            nullptr, nullptr, nullptr, nullptr);
+        const LONG result = enumWide ? enumWide(handleOf(key), index, reinterpret_cast<wchar_t*>(units.data()),
+                                                &length, nullptr, nullptr, nullptr, nullptr)
+                                     : ERROR_CALL_NOT_IMPLEMENTED;
+        if (result == ERROR_CALL_NOT_IMPLEMENTED) return enumValueInCodePage(handleOf(key), index, name);
         if (result == ERROR_MORE_DATA) {
             units.resize(units.size() * 2);
             continue;
@@ -136,12 +191,15 @@ long Win32Registry::enumValue(Key key, std::uint32_t index, RegText& name) {
 }
 
 long Win32Registry::queryValue(Key key, const RegText& name, RegValue& value) {
+    const auto queryWide = wideCalls().queryValue;
     const std::u16string valueName = utf16Of(name);
     DWORD type = 0, size = 1024;
     std::vector<BYTE> data;
     for (LONG result = ERROR_MORE_DATA; result != ERROR_SUCCESS;) {
         data.resize(size);
-        result = ::RegQueryValueExW(handleOf(key), wide(valueName), nullptr, &type, data.data(), &size);
+        result = queryWide ? queryWide(handleOf(key), wide(valueName), nullptr, &type, data.data(), &size)
+                           : ERROR_CALL_NOT_IMPLEMENTED;
+        if (result == ERROR_CALL_NOT_IMPLEMENTED) return queryValueInCodePage(handleOf(key), name.text, value);
         if (result != ERROR_SUCCESS && result != ERROR_MORE_DATA) return result;
     }
     data.resize(size);
@@ -160,7 +218,9 @@ long Win32Registry::queryValue(Key key, const RegText& name, RegValue& value) {
 }
 
 long Win32Registry::deleteValue(Key key, const RegText& name) {
-    return ::RegDeleteValueW(handleOf(key), wide(utf16Of(name)));
+    const auto deleteWide = wideCalls().deleteValue;
+    const LONG result = deleteWide ? deleteWide(handleOf(key), wide(utf16Of(name))) : ERROR_CALL_NOT_IMPLEMENTED;
+    return result == ERROR_CALL_NOT_IMPLEMENTED ? ::RegDeleteValueA(handleOf(key), name.text.c_str()) : result;
 }
 
 long Win32Registry::closeKey(Key key) { return ::RegCloseKey(handleOf(key)); }
