@@ -68,6 +68,17 @@ protected:
         for (const auto& [line, style] : processes.started) lines.push_back(line);
         return lines;
     }
+    // Chooses warning row `row` and deletes its value, answering Yes; the question asked.
+    std::string deleteRow(std::size_t row) {
+        page.List5.userSetValue(static_cast<int>(row));
+        boxes.answers = {box::Yes};
+        page.Command3.userClick();
+        return boxes.shown.empty() ? std::string() : boxes.shown.back().prompt;
+    }
+    static std::string question(const std::string& name, const std::string& from) {
+        return "WARNING!\r\nYou are about to Delete the key: " + name + "\r\nFrom: " + from +
+               "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
+    }
     std::size_t node(const std::string& key) const { return page.TreeView1.nodeIndex(key); }
     int entryButtons() const { return page.Command3.enabled() + page.Command11.enabled(); }  // they go together
 
