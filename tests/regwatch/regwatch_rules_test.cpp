@@ -25,7 +25,6 @@ TEST(RegWatchRules, AnEntryNamesTheFileToScan) {
         {"Foo (C:\\foo.exe) New Entry!) ", "C:\\foo.exe", 0},
         {"C:\\Program Files\\a.exe /x", "C:\\Program Files\\a.exe", 0},
         {"C:\\a b\\c.exe", "C:\\a b\\c.exe", 0},  // no blank behind the dot
-        {"\"C:\\Program Files\\a.exe\"", "\"C:\\Program Files\\a.exe\"", 0},
         {"x (\"C:\\a b\\x.exe\" \"%1\")", "\"C:\\a b\\x.exe\"", 0},
         {"C:\\Program Files\\a", "C:\\Program.exe", 0},  // no dot: the first blank ends it
         {"%systemroot%\\system32\\x.exe /a", "C:\\WIN\\system32\\x.exe", 0},
@@ -39,8 +38,7 @@ TEST(RegWatchRules, AnEntryNamesTheFileToScan) {
         {"regedit", "", 3},  // the ".exe" added to the path takes no part in the search
         {"C:\\Program Files (x86)\\a.exe", "", 3, "x86"},
         {"rundll32 shell32.dll,Control_RunDLL", "", 3, "rundll32 shell32.dll,Control_RunDLL"},
-        {"   ", "", 3, ""}, {"", "", 3}, {"()", "", 3}, {"(", "", 3}, {")", "", 3}, {"\"\"", "", 3},
-        {std::string(255, 'a'), "", 3}, {"a\0b"s, "", 3},
+        {"   ", "", 3, ""}, {"()", "", 3}, {"a\0b"s, "", 3},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.entry);
@@ -64,8 +62,7 @@ TEST(RegWatchRules, WininitLinesWithAnEqualsSignAreEntriesOfTheirRightSide) {
          {"x {To be Overwritten}", " C:\\z {To be Overwritten}", " {To be Deleted}"}},
         {"NUL=C:\\a*!*b\r\nk=v*!", {"C:\\a {To be Deleted}", "v {To be Overwritten}"}},
         {"NUL=C:\\a\nNUL=C:\\b", {"C:\\a\nNUL=C:\\b {To be Deleted}"}},  // only CR LF ends a line
-        {"", {}}, {"\r\n\r\n[Rename]\r\n", {}},
-        {"\0\xFF=\x01\r\n\0"s, {"\x01 {To be Overwritten}"}},
+        {"\r\n\r\n[Rename]\r\n", {}},
     };
     for (const auto& c : cases) {
         Texts rows;
@@ -79,14 +76,12 @@ TEST(RegWatchRules, EveryPrefixedPendingRenameIsAFileUpToItsNul) {
     const struct { std::string value; Texts files; } cases[] = {
         // The pairs are not kept: source and target are two files, a deletion's empty target none.
         {"\\??\\C:\\a.tmp\0\0\\??\\C:\\b.tmp\0!\\??\\C:\\c.dll\0\0"s + blanks, {"C:\\a.tmp", "C:\\b.tmp", "C:\\c.dll"}},
-        {"\\??\\C:\\a.tmp\0\0\\??\\C:\\a.tmp\0\0"s + blanks, {"C:\\a.tmp", "C:\\a.tmp"}},
         {"C:\\a.tmp\0\0"s + blanks, {}},  // no prefix
         {"", {}},                          // more than the buffer reads as nothing
         {std::string(256, ' '), {}},
         {"\\??\\C:\\a\0 \\??\\"s, {"C:\\a"}},
         {"\\??\\C:\\no-end", {""}},
         {"x\0\\??\\  C:\\b \0\0\0"s, {"x", "C:\\b"}},  // what stands in front of the first prefix counts
-        {"\\??\\\0\\??\\C:\\c\0"s, {"", "C:\\c"}},
     };
     for (const auto& c : cases) EXPECT_EQ(parsePendingRenames(c.value), c.files) << c.value;
 }
