@@ -13,8 +13,8 @@ wininit=$WINEPREFIX/drive_c/windows/wininit.ini
 files=$WINEPREFIX/drive_c/RegWatchTools  # a fixed name keeps the pictures the same from run to run
 dir='C:\RegWatchTools'
 rm -rf "$files" && mkdir -p "$files" && touch "$files/new-tool.exe"
-# What the scenario puts into the prefix goes again: Wine acts on Run values and pending renames.
-# The prefix's own pending renames (an uninstaller's temporary copy, say) are dropped.
+# What the scenario puts into the prefix goes again (Wine acts on Run values and pending renames), and so do
+# the prefix's own pending renames.
 forget() { wine reg delete "$1" /v "$2" /f >"$WORK/.reg" 2>&1 || true; }  # key, value
 forget "$session" PendingFileRenameOperations
 trap 'forget "$run" TarvelonE2E; forget "$session" PendingFileRenameOperations; rm -rf "$wininit" "$files"; cleanup' EXIT
@@ -54,8 +54,7 @@ expect_eq "the report" "Registry Action - Scan and Update Multiple Entries,$dir\
 grep -qF "TarvelonE2E=($dir\\new-tool.exe /autorun)" "$app/Data/Registry.dat" || fail "the value was not accepted"
 rm "$app"/Data/Log/*.log "$WORK/scans.log"
 
-# The pending view: nothing pending is said so; then wininit.ini's entries with their operation and
-# the rename value's files, scanned as a precaution.
+# The pending view: nothing pending is said so; then wininit.ini's entries and the rename value's files.
 auto click "$main" cMod >/dev/null
 expect_eq "nothing pending" "No files will be modified or deleted on Restart!" "$(auto box-text TarvelonLow)"
 auto press TarvelonLow OK >/dev/null
@@ -65,7 +64,6 @@ wine reg add "$session" /v PendingFileRenameOperations /t REG_MULTI_SZ /d "\\??\
 auto click "$main" cMod >/dev/null
 pending="These files are to be Deleted or Overwritten on the next Reboot (Wininit.ini and Registry)."
 wait_items List6 "$pending"$'\n'"$dir\\gone.tmp {To be Deleted}"$'\n'"$dir\\old.dll {To be Overwritten}"$'\n'"$dir\\p.tmp"
-expect_eq "the tree under the pending view" "0" "$(auto shown "$main" TreeView1)"
 shoot "$main" main-regwatch-pending
 auto wait-caption "$main" Command11 "Scan all Files for Viruses" >/dev/null
 auto click "$main" Command11 >/dev/null
@@ -75,8 +73,5 @@ wait_items List6 "$pending"$'\n'"$dir\\gone.tmp"$'\n'"$dir\\old.dll"$'\n'"$dir\\
 expect_eq "the precautionary report" \
     "Precautionary Scan - These files were to be renamed/deleted/overwritten at startup,$dir\\gone.tmp,$dir\\old.dll,$dir\\p.tmp" \
     "$(tr -d '\r' <"$app"/Data/Log/*.log)"
-auto click "$main" Command1 >/dev/null
-auto wait-caption "$main" Command11 "Scan File for Viruses" >/dev/null
-expect_eq "the tree and the pending view after Refresh" "1 0" "$(auto shown "$main" TreeView1) $(auto shown "$main" List6)"
 auto click "$main" cButton9 >/dev/null
 expect_eq "exit code after Exit" "0" "$(auto wait-exit "$PID")"

@@ -1,6 +1,5 @@
 // The places RegWatch watches after the seventeen keys, through the real registry, profile, shortcut and file
-// calls: the roots mapped to keys of the test's own, and the Startup folders and the Windows folder (its
-// scheduled tasks) folders of the test's own.
+// calls, with Startup folders and a Windows folder (its scheduled tasks) of the test's own.
 #include <ole2.h>
 
 #include "core/file_utils.h"
@@ -77,29 +76,34 @@ protected:
                 kFiles + "Common Startup Folder\\tv.bat (" + path("Common\\tv.bat") + ") New Entry!",
                 kFiles + "Scheduled Tasks\\Tv\\Updater (C:\\tv\\update.exe /quiet & /now) New Entry!"};
     }
-    // The seventeen sections as the system's profile writer leaves them after a write: no empty lines.
-    static std::string seventeenAsWritten(const std::string& userRunLine = {}) {
-        std::string text;
-        for (const WatchedLocation& l : kWatchedLocations)
-            text += "[" + std::string(l.section) + "]\r\n" + (l.section == "CU/R"s ? userRunLine : "");
-        return text;
-    }
     std::size_t rowOf(const std::string& row) const {
         const Texts& rows = page.List5.items();
-        return static_cast<std::size_t>(std::find(rows.begin(), rows.end(), row) - rows.begin());
+        return static_cast<std::size_t>(std::find(rows.begin(), rows.end(), row + " New Entry!") - rows.begin());
     }
 };
 
 TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcceptsIt) {
-    pass.checkRegFile();
+    // A snapshot from before the places: the first pass records them silently, leaves the seventeen as they
+    // were, and says so once.
+    std::string old = newSnapshotText(0), seventeen;
+    old.replace(old.find("[CU/R]\r\n") + 8, 0, "TvRun= (C:\\tv\\run.exe)\r\n");
+    writeFile("Data\\Registry.dat", old);
+    putText(CU, kRun, "TvRun", "C:\\tv\\run.exe");
+    putText(LM, "Software\\Microsoft\\Active Setup\\Installed Components\\{TvOld}", "StubPath", "C:\\tv\\old.exe");
+    pass.checkRegFile();  // there: left as it is
+    pass.setReg();
+    EXPECT_TRUE(warnings() == noWarnings && page.Label18.visible());
+    for (const WatchedLocation& l : kWatchedLocations)  // as the profile writer leaves them: no empty lines
+        seventeen += "[" + std::string(l.section) + "]\r\n" + (l.section == "CU/R"s ? "TvRun=(C:\\tv\\run.exe)\r\n" : "");
+    EXPECT_EQ(readFile("Data\\Registry.dat").substr(0, seventeen.size()), seventeen);
+
     plantAll();
     pass.setReg();
     Texts expected;
     for (const Planted& p : kPlanted)
         if (!p.row.empty()) expected.push_back(p.row + " New Entry!");
     for (const std::string& row : fileRows()) expected.push_back(row);
-    EXPECT_EQ(warnings(), expected);
-    EXPECT_FALSE(page.Label18.visible());
+    EXPECT_TRUE(warnings() == expected && !page.Label18.visible());
     const auto& tree = page.TreeView1;
     EXPECT_EQ(tree.nodes()[tree.nodeIndex("!LSV")].children, 2u);  // both values of the service
     EXPECT_EQ(tree.fullPath(tree.nodeIndex("!FST") + 1),
@@ -107,11 +111,11 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
 
     // Delete Key removes a plain value where the row found it, leaves a service to the registry editor, and
     // does not apply to a file.
-    EXPECT_EQ(deleteRow(rowOf(kPlanted[0].row + " New Entry!")), question("TvPolicy", "HKEY_LOCAL_MACHINE\\" + kPlanted[0].key));
-    EXPECT_EQ(rowOf(kPlanted[0].row + " New Entry!"), page.List5.items().size());  // gone, and so is its warning
-    deleteRow(rowOf(kPlanted[8].row + " New Entry!"));
+    EXPECT_EQ(deleteRow(rowOf(kPlanted[0].row)), question("TvPolicy", "HKEY_LOCAL_MACHINE\\" + kPlanted[0].key));
+    EXPECT_EQ(rowOf(kPlanted[0].row), page.List5.items().size());  // gone, and so is its warning
+    deleteRow(rowOf(kPlanted[8].row));
     EXPECT_EQ(boxes.shown.back().title, "Caution");
-    page.List5.userSetValue(static_cast<int>(rowOf(fileRows()[2])));
+    page.List5.userSetValue(static_cast<int>(rowOf(kFiles + "Scheduled Tasks\\Tv\\Updater (C:\\tv\\update.exe /quiet & /now)")));
     EXPECT_TRUE(page.Command11.enabled() && !page.Command3.enabled());
 
     // Scan && Update hands every entry's file to the scanner and accepts them; the next pass is silent.
@@ -125,35 +129,11 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
 
     // A list of several entries names what came and what went.
     put(LM, kNt + "Windows", "AppInit_DLLs", REG_SZ, "C:\\tv\\b.dll C:\\tv\\c.dll\0"s);
-    put(LM, kCcs + "Control\\Session Manager", "BootExecute", REG_MULTI_SZ,
-        "autocheck autochk *\0C:\\tv\\boot.exe\0\0"s);
-    writeFile("win\\System32\\Tasks\\Tv\\Updater", "<Task><Actions><Exec><Command>C:\\tv\\other.exe</Command></Exec>"
-                                                   "</Actions></Task>");
+    writeFile("win\\System32\\Tasks\\Tv\\Updater", "<Actions><Exec><Command>C:\\tv\\other.exe</Command></Exec></Actions>");
     pass.setReg();
     EXPECT_EQ(warnings(), (Texts{kLm + "Windows Load\\AppInit_DLLs (C:\\tv\\c.dll) New Entry!",
                                  kLm + "Windows Load\\AppInit_DLLs (C:\\tv\\a.dll) Entry Removed!",
-                                 kLm + "BootExecute\\BootExecute (autocheck autochk *) New Entry!",
                                  kFiles + "Scheduled Tasks\\Tv\\Updater (C:\\tv\\other.exe) Entry Modified!"}));
-}
-
-TEST_F(AutostartPlacesTest, ASnapshotFromBeforeThePlacesRecordsThemSilentlyAndSaysSoOnce) {
-    std::string old = newSnapshotText(0);  // as the versions before the places and views made it
-    old.replace(old.find("[CU/R]\r\n") + 8, 0, "TvRun= (C:\\tv\\run.exe)\r\n");
-    writeFile("Data\\Registry.dat", old);
-    putText(CU, kRun, "TvRun", "C:\\tv\\run.exe");
-    plantAll();
-    pass.checkRegFile();  // there: left as it is
-    pass.setReg();
-    EXPECT_EQ(warnings(), noWarnings);
-    EXPECT_TRUE(page.Label18.visible());
-    const std::string seventeen = seventeenAsWritten("TvRun=(C:\\tv\\run.exe)\r\n");
-    EXPECT_EQ(readFile("Data\\Registry.dat").substr(0, seventeen.size()), seventeen);  // untouched, first
-    pass.setReg();
-    EXPECT_EQ(warnings(), noWarnings);
-    EXPECT_FALSE(page.Label18.visible());
-    put(LM, kCcs + "Services\\TvNew", "ImagePath", REG_SZ, "C:\\tv\\new.exe\0"s);
-    pass.setReg();
-    EXPECT_EQ(warnings(), Texts{kLm + "Services\\TvNew\\ImagePath (C:\\tv\\new.exe) New Entry!"});
 }
 
 }  // namespace
