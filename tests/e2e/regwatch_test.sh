@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# RegWatch from a new value to its acceptance, in the real program's window: a new Run value as a warning
-# and as a node, scanned with every warning, reported and accepted into the snapshot on disk; the pending
-# view, empty and then with a wininit.ini entry and a pending rename, scanned as a precaution.
+# RegWatch in the real program's window: a new Run value as a warning and a node, scanned, reported and accepted
+# into the snapshot on disk; the pending view, empty and then with wininit.ini and a pending rename, scanned.
 source "$(dirname "$0")/lib.sh"
 : "${FAKESCAN:?} ${SCREENSHOTS:?}"
 

@@ -1,8 +1,7 @@
-// A registry value of any type, size and bytes, under a name of any bytes or UTF-16 units, on its way
-// into the snapshot. Whatever the value and name, the line's key never breaks or bends the profile
-// file (no line break, no "=", no section or comment mark in front, no white space at its ends), its
-// text holds no line break, an escaped key or text reads back to exactly what it stands for, and a
-// hostile line read back never crashes.
+// A registry value of any type and bytes, under a name of any bytes or UTF-16 units, on its way into the snapshot:
+// the line's key never breaks or bends the profile file (no line break, no "=", no section or comment mark in
+// front, no white space at its ends), its text holds no line break, an escaped key or text reads back to exactly
+// what it stands for, and a hostile line read back never crashes.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>

@@ -1,7 +1,6 @@
-// The RegWatch page over the real registry calls and profile files. The three roots are mapped, for this
-// process, to empty keys of the test's own, so that the watched keys hold only what the test puts
-// there; those keys are volatile, never saved, so Wine never starts what they name. The shell is the real
-// one, with folders of the test's own where a test names them (ownShell).
+// The RegWatch page over the real registry calls and profile files. The three roots are mapped, for this process,
+// to empty volatile keys of the test's own, so that the watched keys hold only what the test puts there and Wine
+// never starts what they name. The shell is the real one, with folders of the test's own where named (ownShell).
 #pragma once
 
 #include "regwatch/reg_class.h"
