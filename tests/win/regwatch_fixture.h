@@ -62,11 +62,6 @@ protected:
         const Texts& rows = page.List5.items();
         return rows.empty() ? rows : Texts(rows.begin() + 1, rows.end());
     }
-    Texts started() const {
-        Texts lines;
-        for (const auto& [line, style] : processes.started) lines.push_back(line);
-        return lines;
-    }
     // Chooses warning row `row` and deletes its value, answering Yes; the question asked.
     std::string deleteRow(std::size_t row) {
         page.List5.userSetValue(static_cast<int>(row));
