@@ -21,13 +21,11 @@ wait_items() { wait_for "$1" "$2" eval "auto items '$main' $1 | tr -d '\r'"; }  
 scanned() { wait_until 30 "$1 scanner starts" scans_at_least "$1" && sorted_scans; }  # count
 
 app=$(new_program_folder)
-mkdir -p "$app/Data"
-: >"$app/Data/Integrity.dat"
+mkdir -p "$app/Data" && : >"$app/Data/Integrity.dat"
 fake=$(windows_path "$FAKESCAN")
 printf '[Tarvelon]\r\nsettings=0,0,0,0,0,0,0,1\r\nantivirus=%s|/x\r\nav2=%s| /y \r\nantivirus2=1,0,0\r\n' \
     "$fake" "$fake" >"$app/Data/Tarvelon.dat"
-export TARVELON_FAKESCAN_LOG
-TARVELON_FAKESCAN_LOG=$(windows_path "$WORK/scans.log")
+TARVELON_FAKESCAN_LOG=$(windows_path "$WORK/scans.log") && export TARVELON_FAKESCAN_LOG
 start_program "$app" ""
 auto wait-window "$main" >/dev/null
 grep -q '^\[FS/ST\]' "$app/Data/Registry.dat" || fail "the first start made no whole snapshot"

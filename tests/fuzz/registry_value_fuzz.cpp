@@ -20,9 +20,8 @@ tv::RegText nameFrom(FuzzedDataProvider& in) {
     return tv::RegText(std::string(units.size(), '?'), units);
 }
 
-bool same(const tv::RegText& decoded, const tv::RegText& original) {
-    return original.spelledExactly() ? decoded.spelledExactly() && decoded.text == original.text
-                                     : decoded.exact == original.exact;
+bool same(const tv::RegText& back, const tv::RegText& was) {
+    return was.spelledExactly() ? back.spelledExactly() && back.text == was.text : back.exact == was.exact;
 }
 
 bool bends(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }

