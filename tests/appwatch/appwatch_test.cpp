@@ -33,20 +33,17 @@ protected:
     AppWatchActions actions{ctx, page};
 };
 
+// A walk round in circles (the order changing under it) ends all the same.
 TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     page.ref.userClick();
     // 254 characters and the zero: no window has that title.
     EXPECT_EQ(page.lstOpenWindows.items(), (Rows{"400: Untitled - Notepad", "500: My Window", "500: MY WINDOW",
                                                  "0: " + std::string(254, 'x')}));
     EXPECT_EQ(page.lblCount.caption() + std::to_string(os.loop.pumps), "4 open Windows.7");  // a pump per window
-
-    // A walk round in circles (the order changing under it) ends all the same.
     struct Circle final : TopWindows {
         NativeWindow desktop() const override { return 1; }
         NativeWindow relative(NativeWindow, int) const override { return 2; }
-        std::string titleBuffer(NativeWindow, std::size_t n) const override {
-            return "Loop" + std::string(n - 4, '\0');
-        }
+        std::string titleBuffer(NativeWindow, std::size_t n) const override { return "Loop" + std::string(n - 4, '\0'); }
         std::string classBuffer(NativeWindow, std::size_t n) const override { return std::string(n, '\0'); }
         std::uint32_t processId(NativeWindow) const override { return 9; }
         NativeWindow find(const std::optional<std::string>&, const std::string&) const override { return 2; }
@@ -56,12 +53,12 @@ TEST_F(AppWatch, RefreshListsEachTitledWindowOnceByItsRowText) {
     AppContext circling{{os.files, os.profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, os.registry,
                          os.clock, circle, os.power, os.shortcuts}};
     ui::MainWindow other;
-    AppWatchActions watch{circling, other.appWatch};
-    EXPECT_EQ(watch.listOpenWindows(), 1);
+    EXPECT_EQ(AppWatchActions(circling, other.appWatch).listOpenWindows(), 1);
 }
 
-// Every action finds its window again: by the class label's tail and the title, or, with the label cleared, by the
-// trimmed title and an empty class.
+// A chosen row tells the window's class and process, or that it has gone. Every action finds its window again: by the
+// class label's tail and the title, or, with the label cleared, by the trimmed title and an empty class; Close asks
+// first, and only Yes sends the request.
 TEST_F(AppWatch, WindowsAreFoundAgainByTitleAndClass) {
     page.act.userClick();  // nothing chosen: the start text's tail is no class
     page.ref.userClick();
@@ -69,9 +66,8 @@ TEST_F(AppWatch, WindowsAreFoundAgainByTitleAndClass) {
     EXPECT_EQ(page.lblClassName.caption() + "|" + page.lblProcessID.caption(), "Class Name: Hidden|ProcessID: 500");
     os.windows.windows.erase(os.windows.windows.begin() + 2, os.windows.windows.end());
     choose(1);  // the window closed since the list was made
-    EXPECT_EQ(page.txtTitle.caption(), "My Window");
-    EXPECT_EQ(page.lblClassName.caption() + "|" + page.lblProcessID.caption(), "Window Not Found!!!|ProcessID: 0");
-
+    EXPECT_EQ(page.txtTitle.caption() + "|" + page.lblClassName.caption() + "|" + page.lblProcessID.caption(),
+              "My Window|Window Not Found!!!|ProcessID: 0");
     choose(0);
     page.act.userClick();
     page.lblClassName.setCaption("   ");
