@@ -1,6 +1,5 @@
-// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions, and the sequence between
-// them with a wininit.ini of the test's own, scanners and power actions recorded and the count-down's timer ticked by
-// the test. The end-to-end journey walks the windows themselves.
+// Secure Shut Down over the platform's stand-ins: the dialog's choices, the power actions and the sequence between
+// them, with the count-down's timer ticked by the test. The end-to-end journey walks the windows themselves.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
@@ -90,8 +89,7 @@ TEST_F(SecureShutDownTest, EachChoiceStartsTheSequenceWhichEndsAtOnceWhenNothing
     EXPECT_EQ(host.calls.back(), done);
 }
 
-// Each action after the privilege, the exit calls forcing hung programs from Windows 2000 on and all before; on an
-// older system Log Off also ends the desktop.
+// The exit calls force hung programs from Windows 2000 on and all before; on an older system Log Off ends the desktop.
 TEST_F(SecureShutDownTest, PowerActionsForceHungProgramsFromWindows2000OnAndAllBefore) {
     const struct { Power::Version version; std::int16_t action; const char* calls; } cases[] = {
         {{2, 5}, 1, "state 1 1"}, {{2, 5}, 0, "state 0 1"}, {{2, 5}, 2, "exit 19"}, {{2, 4}, 2, "exit 7"},
@@ -151,9 +149,8 @@ TEST_F(SecureShutDownTest, AScannedFileStartsATwoMinuteCountDownThatTheCloseBoxC
     EXPECT_EQ(host.calls.back(), "end: Status: Some files were scanned...Shutting Down in 2 minutes");
 }
 
-// ShutDown Now acts at once. A refused action is named and gives the choice back: chosen again, it comes at once
-// without scanning again, and No ends the program; with nobody there the question goes to the report and the dialog
-// waits.
+// A refused action is named and gives the choice back: chosen again, it comes at once without scanning again, and No
+// ends the program; with nobody there the question goes to the report and the dialog waits.
 TEST_F(SecureShutDownTest, ARefusedActionIsNamedAndTheChoiceComesBack) {
     os.power.refuses = true;
     ctx.scanLogged = 1;

@@ -13,8 +13,7 @@ namespace tv::test {
 
 using Texts = std::vector<std::string>;
 
-// A key's line in the in-memory settings file is replaced where it stands, or added at the end; each write is also
-// recorded in os.profiles.written.
+// A key's line in the settings file replaced where it stands, or added at the end; and recorded in os.profiles.
 struct FileProfiles final : ProfileFiles {
     explicit FileProfiles(FakePlatform& platform) : os(platform) {}
     FakePlatform& os;

@@ -19,11 +19,7 @@ protected:
         os.files.put("C:\\AV\\scan.exe", "MZ");
     }
     void open() { window.options.cSetW.userClick(); }
-    void release(Control& label) {
-        label.userMouseMove();
-        label.userMouseDown();
-        label.userMouseUp();
-    }
+    void release(Control& label) { label.userMouseMove(), label.userMouseDown(), label.userMouseUp(); }
     void next(int times = 1) { while (times-- > 0) release(form.Label1); }
     void back(int times = 1) { while (times-- > 0) release(form.Label2); }
 
