@@ -19,7 +19,7 @@ struct FileProfiles final : ProfileFiles {
     FakePlatform& os;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override { return {}; }
     bool put(const std::string& section, const std::string& key, const std::string& value, const std::string& file) override {
-        std::string text = *os.files.content(file);
+        std::string text = os.files.content(file) ? *os.files.content(file) : "";
         const std::size_t at = text.find("\r\n" + key + "="), end = text.find("\r\n", at + 2);
         os.files.put(file, at == std::string::npos ? text + key + "=" + value + "\r\n"
                                                    : text.replace(at + 2, end - at - 2, key + "=" + value));
