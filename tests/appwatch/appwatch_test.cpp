@@ -58,8 +58,8 @@ TEST_F(AppWatch, ListsEachTitledWindowOnceAndFindsItAgainByTitleAndClass) {
     choose(0);
     os.boxes.answers = {box::No, box::Yes, box::Yes};
     page.cl.userClick();  // No sends nothing, but the list is made again
-    EXPECT_EQ(os.boxes.shown[0].prompt, "Are you sure you want to close Untitled - Notepad(10)");
-    EXPECT_EQ(os.boxes.shown[0].style, box::YesNo);
+    EXPECT_TRUE(os.boxes.shown[0].prompt == "Are you sure you want to close Untitled - Notepad(10)" &&
+                os.boxes.shown[0].style == box::YesNo);
     EXPECT_EQ(page.lblCount.caption() + std::to_string(page.lstOpenWindows.value()), "1 open Windows.-1");
     page.cl.userClick();  // the label still names the class: the window is found again
     page.cl.userClick();  // and now it has gone: handle 0

@@ -161,13 +161,12 @@ TEST_F(SecureShutDownTest, ARefusedActionIsNamedAndTheChoiceComesBack) {
                             "down.", again = "Do you want to choose again? Click No to close Tarvelon.";
     EXPECT_EQ(os.boxes.shown.at(0).prompt, "Windows refused to hibernate the computer.\r\n\r\n" + why + "\r\n\r\n" + again);
     EXPECT_EQ(os.boxes.shown[0].style, box::YesNo | box::Exclamation);
-    EXPECT_EQ(progress.Label2.caption(), "Status: Windows refused to hibernate the computer.");
-    EXPECT_TRUE(dialog.visible());
+    EXPECT_TRUE(progress.Label2.caption() == "Status: Windows refused to hibernate the computer." && dialog.visible());
     dialog.Image6.userClick();  // Restart
     EXPECT_EQ(os.power.calls, (Lines{"privilege", "state 0 1", "privilege", "exit 19 4294967295"}));
     EXPECT_EQ(os.boxes.shown.at(1).prompt.substr(0, 40), "Windows refused to restart the computer.");
-    EXPECT_EQ(std::count_if(host.calls.begin(), host.calls.end(), [](auto& c) { return c.starts_with("scan"); }), 1);
-    EXPECT_TRUE(host.ended());
+    EXPECT_TRUE(std::count_if(host.calls.begin(), host.calls.end(), [](auto& c) { return c.starts_with("scan"); }) == 1 &&
+                host.ended());
 
     SecureShutDown unseen{ctx, scanners, List5, host};
     host.calls.clear();

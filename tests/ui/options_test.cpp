@@ -15,7 +15,6 @@ namespace {
 
 using namespace std::string_literals;
 using test::Texts;
-using Opened = std::array<std::string, 3>;
 constexpr const char* kProgram = "C:\\Tarvelon\\TarvelonLow.exe";
 constexpr const char* kLink = "C:\\Startup\\Tarvelon.lnk";
 
@@ -42,7 +41,7 @@ TEST_F(Options, HelpWebPageMailAndUpdatesOpenWhatTheyNameOrSayWhy) {
     click(window.options.cUpdates, {box::Yes, box::Yes, box::Ok});
     EXPECT_EQ(os.boxes.shown.at(4).prompt, std::string("Could not execute default mail client.\r\nPlease write to ") + kSupportMail);
     std::string opened, help = "index.htmlC:\\Tarvelon\\Help\\ ", web = kMakerWebPage + " "s;
-    for (const Opened& open : os.shell.opened) opened += open[1] + open[2] + " ";
+    for (const auto& open : os.shell.opened) opened += open[1] + open[2] + " ";
     EXPECT_EQ(opened, help + help + help + help + help + web + "mailto:" + kSupportMail + "?subject=Tarvelon(v2.0.0) " +
                           kUpdateUtilityPage + " ");
 }
@@ -91,16 +90,8 @@ TEST_F(Options, ShortcutsTakeTheProgramsNameAndRefuseOrCompleteWhatTheyAreGiven)
 }
 
 // Opening the page selects the options of the saved values, and none for a value no option stands for; the read
-// buffer and the scanner options take effect at the save. The warning follows only the clicks on the two scanner options.
-TEST_F(Options, AdvancedPageSelectsTheSavedOptionsAndWarnsWithoutAScannerOption) {
-    settings({{"antivirus2=1,0,0", "antivirus2=0,0,0"}});
-    window.options.cButton2.userClick();
-    std::string seen = advanced.Label1.visible() ? "W" : "-";
-    for (const auto& [box, value] : {std::pair{&advanced.Check11, 1}, {&advanced.Check11, 0}, {&advanced.Check10, 2}}) {
-        box->userSetValue(value);
-        seen += advanced.Label1.visible() ? "W" : "-";
-    }
-    EXPECT_EQ(seen, "--W-");  // greyed counts as ticked
+// buffer and the scanner options take effect at the save.
+TEST_F(Options, AdvancedPageSelectsTheSavedOptions) {
     for (const auto& [saved, algorithm, options] : {std::tuple{"262144,99999,1", " sha1 ", "2021"}, {"65537,7,0", "SHA-1", "---0"},
                                                     {"524288,200,0", "", "3300"}, {"131072,350,0", "md5", "1410"}}) {
         settings({{"advanced=65536,500,0", "advanced="s + saved}, {"algo=crc32", "algo="s + algorithm}});  // "": CRC-32
@@ -108,7 +99,6 @@ TEST_F(Options, AdvancedPageSelectsTheSavedOptionsAndWarnsWithoutAScannerOption)
         EXPECT_EQ(chosen(advanced.bufferOptions) + chosen(advanced.batchOptions) + chosen(advanced.algorithmOptions) +
                   std::to_string(advanced.wsh.value()), options) << saved << algorithm;
     }
-    EXPECT_TRUE(window.advF.shown() && !window.qSett.shown() && !window.setFq.shown());
     advanced.bufferOptions[1]->userSetValue(1);
     advanced.batchOptions[1]->userSetValue(1);
     advanced.wsh.userSetValue(0);
@@ -204,8 +194,7 @@ TEST_F(AutoLoadFolder, AllUsersStartupOnlyForTheAllUsersInstallationAndAnEarlier
     entry.name.clear();  // no setup at all: a copy unpacked from the portable archive
     EXPECT_EQ(getStartupFolder(ctx), "C:\\Users\\Ann\\Startup");
     os.files.put(kAll, "an earlier copy's");
-    EXPECT_TRUE(fileThere(ctx, autoLoadShortcutPath(ctx)));  // Auto-Load shows as on
-    EXPECT_TRUE(saveAutoLoad(ctx, true, false));  // even the save that keeps a shortcut in place
+    EXPECT_TRUE(fileThere(ctx, autoLoadShortcutPath(ctx)) && saveAutoLoad(ctx, true, false));  // on, and saved in place
     const auto& [path, link] = os.shortcuts.links.at(0);
     EXPECT_EQ(path + "|" + link.target + "|" + link.arguments.value_or("none"), std::string(kAll) + "|" + kInstalled + "| /r");
     os.files.put(kOwn, "mine");
