@@ -46,7 +46,7 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
                                            {"3//5", "a b:c", "03--5(ab_c)"}}) {
         os.clock.now = {date, time};
-        EXPECT_EQ(logFileName(ctx), folder + name + ".log");
+        ASSERT_EQ(logFileName(ctx), folder + name + ".log");
     }
     const Texts blanks{"\"C:\\A B.DLL\" ", "C:\\C.DLL "};
     ASSERT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Written);
@@ -99,7 +99,7 @@ TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
     ctx.quoteChar.clear();
     ctx.passCount = 3;
     click(window.report.cScnLog, {box::Ok});
-    EXPECT_EQ(os.processes.started.back().first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
+    EXPECT_EQ(os.processes.started.at(0).first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
 }
 
 // The first empty field ends the list, a CR LF is a comma, a report of any size is read whole; one of its heading

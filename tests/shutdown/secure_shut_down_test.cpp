@@ -173,9 +173,9 @@ TEST_F(SecureShutDownTest, ARefusedActionIsNamedAndTheChoiceComesBack) {
     ctx.scanLogged = 0;
     unseen.frmLogoff.Image6.userClick();
     unseen.sequence.preShut2();
-    EXPECT_TRUE(unseen.frmLogoff.visible() && os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006 unattended(3_04_07PM).log")
-                                                  ->ends_with(",Windows refused to restart the computer.," + why + "," + again +
-                                                              ",Tarvelon answered: Yes\r\n"));
+    const std::string* report = os.files.content("C:\\Tarvelon\\Data\\Log\\03-05-2006 unattended(3_04_07PM).log");
+    EXPECT_TRUE(unseen.frmLogoff.visible() && report &&
+                report->ends_with(",Windows refused to restart the computer.," + why + "," + again + ",Tarvelon answered: Yes\r\n"));
     unseen.frmLogoff.userClose();  // the dialog's close box is its Cancel
     EXPECT_TRUE(host.ended());
 }

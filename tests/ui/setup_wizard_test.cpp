@@ -80,15 +80,16 @@ TEST_F(Wizard, SaveMakesTheSettingsFileAgainAndKeepsAutoLoad) {
     ASSERT_TRUE(os.files.remove(ctx.settFile));  // deleted meanwhile: made anew before the writes
     form.aload.userSetValue(1);
     click(form.Command2, {box::Ok});
-    EXPECT_TRUE(os.files.content(ctx.settFile)->starts_with("[Tarvelon]\r\nsettings=1,0,1,0,1,0,1,0\r\nadvanced=") &&
-                os.files.content(ctx.settFile)->ends_with("\r\n[20]\r\npath=NULL\r\nargs=0,0,0,0,0,0,0\r\nargs2=0,0,0,0,0,0,0\r\n\r\n"));
+    const std::string* file = os.files.content(ctx.settFile);
+    EXPECT_TRUE(file && file->starts_with("[Tarvelon]\r\nsettings=1,0,1,0,1,0,1,0\r\nadvanced=") &&
+                file->ends_with("\r\n[20]\r\npath=NULL\r\nargs=0,0,0,0,0,0,0\r\nargs2=0,0,0,0,0,0,0\r\n\r\n"));
     EXPECT_EQ(os.shortcuts.links.at(0).first, link);
     os.files.put(link, "kept");
     open();
     form.vpath.userEditText("C:\\Gone\\scan.exe");
     click(form.Command2, {box::Ok, box::Ok});
     EXPECT_EQ(os.profiles.written.back(), "Tarvelon|antivirus=Anti-Virus Software| ");
-    EXPECT_TRUE(*os.files.content(link) == "kept" && os.shortcuts.links.size() == 1u);
+    EXPECT_TRUE(os.files.content(link) && *os.files.content(link) == "kept" && os.shortcuts.links.size() == 1u);
     open();
     form.aload.userSetValue(0);
     click(form.Command2, {box::Ok, box::Ok});
