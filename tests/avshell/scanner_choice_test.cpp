@@ -175,8 +175,8 @@ TEST(ScannerCommandLines, BatchesItemsAndTheScannersWindow) {
 // The program a scanner's line starts is the longest beginning before a blank that names a program file: a file
 // planted at a shorter beginning never runs, and with the scanner gone nothing does.
 TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
-    const std::vector<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan\\scan.exe",
-                                      "C:\\a.dll", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};
+    const std::vector<std::string> files{"C:\\Program", "C:\\Program.exe", "C:\\Program Files\\Scan.v2", "C:\\a.dll",
+                                         "C:\\Program Files\\Scan.v2 x\\scan.exe", "C:\\T\\TarvelonLow.exe", "C:\\My.Tools\\x"};
     Texts asked;
     const auto program = [&](std::string_view line) {
         return programOfCommandLine(line, [&](const std::string& path) {
@@ -184,7 +184,7 @@ TEST(CommandProgram, LongestBeginningThatNamesAProgramFile) {
             return std::find(files.begin(), files.end(), path) != files.end();
         });
     };
-    const std::string scanner = "C:\\Program Files\\Scan\\scan.exe";
+    const std::string scanner = "C:\\Program Files\\Scan.v2 x\\scan.exe";
     for (const char* args : {" /x \"C:\\a b.dll\" ", "  C:\\a.dll C:\\b.dll ", ""})  // no args: two blanks
         EXPECT_EQ(program(scanner + args), scanner) << args;
     EXPECT_EQ(program("\"C:\\T\\TarvelonLow.exe\""), "C:\\T\\TarvelonLow.exe");
