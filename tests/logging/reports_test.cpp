@@ -16,9 +16,7 @@ protected:
         os.files.makeFolder("C:\\Tarvelon\\Data\\Log");
         window.settings.Check7.setValue(1);  // Auto-Logging
     }
-    void report(const std::string& name, std::string content = "Heading,C:\\A.DLL\r\n") {
-        os.files.put(folder + name, std::move(content));
-    }
+    void report(const std::string& name, std::string text = "Heading,C:\\A.DLL\r\n") { os.files.put(folder + name, text); }
     bool there(const std::string& name) const { return os.files.content(folder + name) != nullptr; }
     Texts tree() const {
         Texts paths;
@@ -43,20 +41,17 @@ protected:
 };
 
 // The regional date with "/" made "-" and each part but the last padded, the time without blanks and with "_" for
-// ":".
+// ":". A file with a blank stays whole in quotes; a second report of the second gets a name of its own.
 TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     for (const auto& [date, time, name] : {std::tuple{"3/5/2006", "3:04:07 PM", "03-05-2006(3_04_07PM)"},
-                                           {"1-5-9", "11:59:59 AM", "01-05-9(11_59_59AM)"},
-                                           {"2006.03.05", "13:04:07", "2006.03.05(13_04_07)"},
                                            {"3//5", "a b:c", "03--5(ab_c)"}}) {
         os.clock.now = {date, time};
-        EXPECT_EQ(logFileName(ctx), folder + name + ".log");
+        ASSERT_EQ(logFileName(ctx), folder + name + ".log");
     }
-    // A file with a blank stays whole in quotes; a second report of the second gets a name of its own.
-    const Texts blanks{"\"C:\\A B.DLL\" ", "C:\\C.DLL "}, nothing{"no files here"};
+    const Texts blanks{"\"C:\\A B.DLL\" ", "C:\\C.DLL "};
     ASSERT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Written);
     EXPECT_EQ(*os.files.content(logFileName(ctx)), "Heading,\"C:\\A B.DLL\",C:\\C.DLL\r\n");
-    EXPECT_EQ(writeLog(ctx, "Heading,", nothing), LogOutcome::Skipped);  // no "." in it: no file either
+    EXPECT_EQ(writeLog(ctx, "Heading,", {"no files here"}), LogOutcome::Skipped);  // no "." in it: no file either
     window.settings.Check7.setValue(0);
     EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 0);
@@ -64,96 +59,69 @@ TEST_F(Reports, WrittenUnderTheRegionalDateAndTimeBehindTheirGate) {
     EXPECT_EQ(writeLog(ctx, "Heading,", blanks), LogOutcome::Skipped);
     EXPECT_EQ(ctx.scanLogged, 1);
     EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Written);  // forced: the heading alone
-    EXPECT_EQ(*os.files.content(logFileName(ctx, {}, 2)), "H,\r\n");
-    EXPECT_EQ(logFileName(ctx, {}, 2), folder + "03--5(ab_c) (2).log");
+    EXPECT_EQ(*os.files.content(folder + "03--5(ab_c) (2).log"), "H,\r\n");
     os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
     os.boxes.answers = {box::Ok};
     EXPECT_EQ(writeLog(ctx, "H,", {}, true), LogOutcome::Failed);  // and the user is told, once
     EXPECT_TRUE(os.boxes.shown.back().prompt.starts_with("Tarvelon could not write\r\n" + folder));
 }
 
-// Two reports of one second keep a file and a node each; a path with a blank
-// or a comma stays whole in the report, and goes to the scanner as one item
-// also with quoting off. A report of the former kind opens as it always did.
-TEST_F(Reports, ReportsOfOneSecondAndPathsWithBlanksStayWhole) {
+// A date is padded as in the report's name; a time gets its colons and its blank before AM or PM. The nodes come as
+// the folder lists the names: here its folders first, then its files by name. Two reports of one second keep a file
+// and a node each; a path with a blank or a comma stays whole in the report, and goes to the scanner as one item also
+// with quoting off; a report of the former kind opens as it always did. A folder is no report, nor is a padded name that is not there.
+TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
     os.clock.now = {"3/5/2006", "3:04:07 PM"};
     ASSERT_EQ(writeLog(ctx, "First,", {"\"C:\\P F\\x.dll\" ", " \"C:\\a,b.dll\"", "C:\\c.dll "}), LogOutcome::Written);
     ASSERT_EQ(writeLog(ctx, "Second,", {"C:\\second.dll "}), LogOutcome::Written);
-    EXPECT_EQ(*os.files.content(logFileName(ctx)), "First,\"C:\\P F\\x.dll\",\"C:\\a,b.dll\",C:\\c.dll\r\n");
+    os.files.makeFolder(folder + "03-07-2006(1_00_00AM).log");  // listed like a report
     report("03-04-2006(1_00_00AM).log", "Former,C:\\Program,Files\\y.dll\r\n");
+    for (const char* name : {"3-6-2006(9_15_00AM).LOG", "2006.03.08(13_04_07).log", "a(b)c(d).log", "notes.log",
+                             "readme.txt", "x(.log", "y(3_04_07pm).log"})
+        report(name);  // no "(": no date; no ")": no time; "am" and "pm" are no marks
     page.cReports.userClick();
-    EXPECT_EQ(tree(), (Texts{"03-04-2006", "03-04-2006\\1:00:00 AM", "03-05-2006", "03-05-2006\\3:04:07 PM",
-                             "03-05-2006\\3:04:07 PM"}));
+    EXPECT_EQ(tree(), (Texts{"03-07-2006", "03-07-2006\\1:00:00 AM", "03-04-2006", "03-04-2006\\1:00:00 AM", "03-05-2006",
+                             "03-05-2006\\3:04:07 PM", "03-05-2006\\3:04:07 PM", "2006.03.08", "2006.03.08\\13:04:07",
+                             "03-06-2006", "03-06-2006\\9:15:00 AM", "a", "a\\b", "x", "x\\", "y", "y\\3:04:07pm"}));
+    os.boxes.answers = {box::Ok, box::Ok};
+    open("03-07-2006\\1:00:00 AM");
+    open("03-06-2006\\9:15:00 AM");  // made again as "03-06-2006(9_15_00AM).log"
+    EXPECT_EQ(lastBox() + std::to_string(os.boxes.shown.size()), "Error - This report does not exist and could not be opened.2");
+    EXPECT_TRUE(page.Label26.visible() && !window.repF.visible());
     Texts opened;
-    for (const std::size_t node : {1, 3, 4}) {
+    for (const std::size_t node : {3, 5, 6}) {
         tree_.userSelectNode(node);
         page.cViewReport.userClick();
-        for (const std::string& entry : list) opened.push_back(entry);
+        opened.insert(opened.end(), list.begin(), list.end());
     }
     EXPECT_EQ(opened, (Texts{"Former", "C:\\Program", "Files\\y.dll", "Second", "C:\\second.dll", "First",
                              "C:\\P F\\x.dll", "C:\\a,b.dll", "C:\\c.dll"}));
     ctx.quoteChar.clear();
     ctx.passCount = 3;
     click(window.report.cScnLog, {box::Ok});
-    EXPECT_EQ(os.processes.started.back().first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
+    EXPECT_EQ(os.processes.started.at(0).first, "C:\\AV\\a.exe /x \"C:\\P F\\x.dll\" C:\\a,b.dll C:\\c.dll ");
 }
 
-// A date is padded as in the report's name; a time gets its colons and its blank before AM or PM. The nodes come as
-// the folder lists the names: here its folders first, then its files by name.
-TEST_F(Reports, TreeOfDatesAndTimesInTheFoldersOrder) {
-    os.files.makeFolder(folder + "03-07-2006(1_00_00AM).log");  // listed like a report
-    for (const char* name : {"03-05-2006(3_04_07PM).log", "3-6-2006(9_15_00AM).LOG", "2006.03.08(13_04_07).log",
-                             "a(b)c(d).log", "notes.log", "readme.txt", "x(.log", "y(3_04_07pm).log"})
-        report(name);  // no "(": no date; no ")": no time; "am" and "pm" are no marks
-    page.cReports.userClick();
-    EXPECT_EQ(tree(), (Texts{"03-07-2006", "03-07-2006\\1:00:00 AM", "03-05-2006", "03-05-2006\\3:04:07 PM",
-                             "2006.03.08", "2006.03.08\\13:04:07", "03-06-2006", "03-06-2006\\9:15:00 AM", "a",
-                             "a\\b", "x", "x\\", "y", "y\\3:04:07pm"}));
-    std::string offered;  // View Log, on a node without "-" only, until a node opens or closes
-    for (const char* node : {"03-05-2006\\3:04:07 PM", "03-05-2006", "2006.03.08", "x\\"}) {
-        select(node);
-        offered += page.cViewReport.enabled() ? "1" : "0";
-    }
-    tree_.userExpandNode(0, true);
-    EXPECT_EQ(offered + (page.cViewReport.enabled() ? "1" : "0"), "10110");
-
-    // A folder is no report, nor is a padded name that is not there; the notice then stays.
-    os.boxes.answers = {box::Ok, box::Ok};
-    open("03-07-2006\\1:00:00 AM");
-    open("03-06-2006\\9:15:00 AM");  // made again as "03-06-2006(9_15_00AM).log"
-    EXPECT_EQ(os.boxes.shown.size(), 2u);
-    EXPECT_EQ(lastBox(), "Error - This report does not exist and could not be opened.");
-    EXPECT_TRUE(page.Label26.visible() && !window.repF.visible());
-}
-
-// The first empty field ends the list, a CR LF is a comma, a report of any size is read in one pass; one of its
-// heading alone starts no scanner.
+// The first empty field ends the list, a CR LF is a comma, a report of any size is read whole; one of its heading
+// alone starts no scanner, and a scanner that will not start is named.
 TEST_F(Reports, ReportPageListsTheHeadingAndTheFilesForTheScanners) {
     std::string big = "Heading";
     while (big.size() < 4u << 20) big += ",C:\\WINDOWS\\system32\\file" + std::to_string(big.size()) + ".dll";
     for (const auto& [content, fields] : {std::pair<std::string, Texts>{" H , A \r\nB,,C", {"H", "A", "B"}},
-                                          {"H,A\nB\r\r\nC", {"H", "A\nB\r", "C"}},
-                                          {std::string(9, ','), {}},
-                                          {std::string(64, '\0'), {std::string(64, '\0')}}}) {
+                                          {"H,A\nB\r\r\nC", {"H", "A\nB\r", "C"}}, {std::string(9, ','), {}},
+                                          {std::string(64, '\0'), {std::string(64, '\0')}}, {big + "\r\n", {}}}) {
         report("03-05-2006(3_04_07PM).log", content);
         open("03-05-2006\\3:04:07 PM");
-        EXPECT_EQ(list, fields);
+        if (content.size() < 100) { EXPECT_EQ(list, fields); }
     }
-    report("03-05-2006(3_04_07PM).log", big + "\r\n");
-    open("03-05-2006\\3:04:07 PM");
-    EXPECT_EQ(list.size(), static_cast<std::size_t>(std::count(big.begin(), big.end(), ',')) + 1);
-    EXPECT_EQ(list.back(), big.substr(big.rfind(',') + 1));
+    EXPECT_TRUE(list.size() - 1 == static_cast<std::size_t>(std::count(big.begin(), big.end(), ',')) && list.back() == big.substr(big.rfind(',') + 1));
     EXPECT_TRUE(window.repF.visible() && !page.Label26.visible() && !window.setFq.visible());
-    window.report.cX.userClick();
-    EXPECT_TRUE(window.setFq.visible() && !window.repF.visible());
-
     report("03-05-2006(3_04_08PM).log", "Heading\r\n");
     page.cReports.userClick();
     select("03-05-2006\\3:04:08 PM");
     tree_.userDoubleClick();  // a double click on a time opens it too
     click(window.report.cScnLog, {box::Ok});
-    EXPECT_TRUE(os.processes.started.empty());
-    EXPECT_EQ(lastBox(), "Anti-Virus program executed successfully!");
+    EXPECT_EQ(lastBox() + std::to_string(os.processes.started.size()), "Anti-Virus program executed successfully!0");
     report("03-05-2006(3_04_07PM).log");
     open("03-05-2006\\3:04:07 PM");
     os.processes.refuse = true;  // the scan ends with the first scanner's path
@@ -162,6 +130,8 @@ TEST_F(Reports, ReportPageListsTheHeadingAndTheFilesForTheScanners) {
                          "C:\\AV\\a.exe");
 }
 
+// Deleting goes on the user's word, and the tree is loaded again. The Delete key: No leaves the tree alone; any
+// other key loads it again. A date goes with its times. Delete All Logs takes every report the system lets go, and nothing else.
 TEST_F(Reports, GoOnTheUsersWordAndTheTreeIsLoadedAgain) {
     for (const char* name : {"03-05-2006(1_00_00AM).log", "03-05-2006(3_00_00AM).log", "03-06-2006(2_00_00AM).log",
                              "03-06-2006(4_00_00AM).log", "03-08-2006(.log"})
@@ -169,53 +139,30 @@ TEST_F(Reports, GoOnTheUsersWordAndTheTreeIsLoadedAgain) {
     open("03-05-2006\\1:00:00 AM");
     click(window.report.cDelLog, {box::No});
     EXPECT_TRUE(window.repF.visible() && there("03-05-2006(1_00_00AM).log"));
-
-    // The Delete key: No leaves the tree alone, as the keys that move in it do; any other key loads it again.
     report("03-07-2006(1_00_00AM).log");
     select("03-06-2006\\2:00:00 AM");
     os.boxes.answers = {box::No, box::Yes};
     tree_.userKeyDown(ui::key::Delete);
-    EXPECT_EQ(lastBox(), "Delete Log Entry?");
-    using namespace ui::key;
-    const std::size_t chosen = tree_.selectedNode();
-    for (const int moving : {Left, Up, Right, Down, Home, End, PageUp, PageDown, Add, Subtract, Multiply}) {
-        tree_.userKeyDown(moving);
-        ASSERT_TRUE(tree_.selectedNode() == chosen && tree_.nodes().size() == 8u) << moving;
-    }
+    EXPECT_EQ(lastBox() + std::to_string(tree_.nodes().size()), "Delete Log Entry?8");
     tree_.userKeyDown('A');
     EXPECT_EQ(tree_.nodes().size(), 10u);
     select("03-07-2006\\1:00:00 AM");
     tree_.userKeyDown(ui::key::Delete);  // Yes: that report goes, and its date with it
     EXPECT_EQ(tree_.nodes().size(), 8u);
-    select("03-08-2006\\");
-    tree_.userKeyDown(ui::key::Delete);  // a node without text takes no keys
-    EXPECT_EQ(os.boxes.shown.size(), 3u);
-
-    // A folder listed with two dates mixed: a date takes its own times only.
-    tree_.clearNodes();
-    for (const auto& [parent, key, text] : {std::tuple{"", "a", "03-06-2006"}, {"a", "b", "2:00:00 AM"},
-                                            {"", "c", "03-05-2006"}, {"c", "d", "3:00:00 AM"},
-                                            {"a", "e", "4:00:00 AM"}})
-        tree_.addNode(parent, key, text);
     select("03-06-2006");
     os.boxes.answers = {box::Yes};
     tree_.userKeyDown(ui::key::Delete);
     EXPECT_EQ(lastBox(), "Delete All Logs on this (03-06-2006) Date?");
     EXPECT_EQ(tree(), (Texts{"03-05-2006", "03-05-2006\\1:00:00 AM", "03-05-2006\\3:00:00 AM", "03-08-2006",
                              "03-08-2006\\"}));
-
-    // Delete All Logs: every report the system lets go, and nothing else.
     report("readme.txt");
     os.files.locked.insert("C:\\TARVELON\\DATA\\LOG\\03-05-2006(3_00_00AM).LOG");
     click(page.cButton3, {box::No});
     EXPECT_EQ(tree_.nodes().size(), 5u);
     click(page.cButton3, {box::Yes});
     EXPECT_EQ(lastBox(), "Are you sure you want to delete all the logs?");
-    EXPECT_TRUE(tree_.nodes().empty());
-    EXPECT_TRUE(there("readme.txt") && there("03-05-2006(3_00_00AM).log") && !there("03-08-2006(.log"));
-    os.files.folders.erase("C:\\TARVELON\\DATA\\LOG");
-    page.cReports.userClick();  // no folder: no tree
-    EXPECT_TRUE(tree_.nodes().empty());
+    EXPECT_TRUE(tree_.nodes().empty() && there("readme.txt") && there("03-05-2006(3_00_00AM).log") &&
+                !there("03-08-2006(.log"));
 }
 
 }  // namespace
