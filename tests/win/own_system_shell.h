@@ -20,9 +20,7 @@ struct OwnSystemShell final : Shell {
     std::map<int, std::string> special;  // by folder number
     std::deque<std::string> folderChoices;
     std::vector<std::string> folderTitles;
-    std::string systemDirectory(std::size_t n) const override {
-        return system.empty() ? real.systemDirectory(n) : system;
-    }
+    std::string systemDirectory(std::size_t n) const override { return system.empty() ? real.systemDirectory(n) : system; }
     std::string windowsDirectoryBuffer(std::size_t n) const override {
         return windows.empty() ? real.windowsDirectoryBuffer(n) : windows + '\0';
     }
@@ -34,9 +32,8 @@ struct OwnSystemShell final : Shell {
     }
     std::string browseForFolder(const std::string& title) override {
         folderTitles.push_back(title);
-        if (folderChoices.empty()) return {};
-        std::string chosen = folderChoices.front();
-        folderChoices.pop_front();
+        const std::string chosen = folderChoices.empty() ? "" : folderChoices.front();
+        if (!folderChoices.empty()) folderChoices.pop_front();
         return chosen;
     }
     std::string shortPathBuffer(const std::string& p, std::size_t n) const override { return real.shortPathBuffer(p, n); }

@@ -2,6 +2,8 @@
 // the scan's end, and after a scan cut off at any entry (the process gone) and
 // checked at the next start, the data file holds byte for byte what one system
 // write per entry leaves, and the journal beside it is gone.
+#include <span>
+
 #include "core/primary_scan_file.h"
 #include "core/settings_store.h"
 #include "integrity/baseline_build.h"
@@ -20,15 +22,11 @@ constexpr Entry kEntries[] = {
     {"DLL", "a.dll", "1A2B*E"},
     {"DLL", "B.dll", "0*E"},     // the comma below made a second line that the system finds as well
     {"DLL", "a,b.dll", "77*E"},  // the build split its name at the comma: a line of its own, at the end
-    {"DRV", "x.drv", "FFFFFFFF*E"},
-    {"SYS", "y.sys", "12*E"},
-    {"386", "z.386", "34*E"},
+    {"DRV", "x.drv", "FFFFFFFF*E"}, {"SYS", "y.sys", "12*E"}, {"386", "z.386", "34*E"},
     {"SYS", "Y.SYS", "99*E"},  // another letter case finds y.sys's line
     {"EXE", "Two Words.EXE", "1011121314*E"},
     {"EXE", "late.exe", "5*E"},  // came after the build
-    {"COM", "c.com", "AB*E"},
-    {"SCR", "s.scr", "C*E"},
-    {"PIF", "p.pif", "D*E"},
+    {"COM", "c.com", "AB*E"}, {"SCR", "s.scr", "C*E"}, {"PIF", "p.pif", "D*E"},
 };
 constexpr std::size_t kCount = std::size(kEntries);
 
@@ -53,23 +51,21 @@ protected:
 
 TEST_F(PrimaryScanFile, EntriesAreWhatTheSystemWritesAfterAnyEntryAndAfterTheEnd) {
     for (std::size_t cut = 0; cut <= kCount; ++cut) {
-        const std::string reference = "ref" + std::to_string(cut) + ".dat";
+        const std::string reference = "ref" + std::to_string(cut) + ".dat", scan = "scan" + std::to_string(cut) + ".dat";
         writeFile(reference, blank());
-        for (std::size_t i = 0; i < cut; ++i)
-            profiles.put(kEntries[i].section, kEntries[i].key, kEntries[i].value, path(reference));
-
-        ctx.intFile = path("scan" + std::to_string(cut) + ".dat");
-        writeFile("scan" + std::to_string(cut) + ".dat", blank());
+        writeFile(scan, blank());
+        ctx.intFile = path(scan);
         ctx.primaryScan = true;
-        for (std::size_t i = 0; i < cut; ++i)
-            EXPECT_EQ(writeEntry(ctx, ctx.intFile, kEntries[i].key, kEntries[i].value, kEntries[i].section),
-                      WriteOutcome::WrittenToDisk);
+        for (const auto& [section, key, value] : std::span(kEntries, cut)) {
+            profiles.put(section, key, value, path(reference));
+            EXPECT_EQ(writeEntry(ctx, ctx.intFile, key, value, section), WriteOutcome::WrittenToDisk);
+        }
         if (cut == kCount) finishPrimaryScanWrites(ctx);
         ctx.primaryScanFile.reset();  // the process ends here, however it ends
         ctx.primaryScan = false;
         checkIntFile(ctx, host);  // the next start's check
 
-        EXPECT_EQ(readFile("scan" + std::to_string(cut) + ".dat"), readFile(reference)) << "after " << cut;
+        EXPECT_EQ(readFile(scan), readFile(reference)) << "after " << cut;
         EXPECT_FALSE(files.canRead(journalName(ctx.intFile))) << "after " << cut;
     }
 }

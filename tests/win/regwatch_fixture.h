@@ -1,7 +1,6 @@
-// The RegWatch page over the real registry calls and profile files. The three roots are mapped, for this
-// process, to empty keys of the test's own, so that the watched keys hold only what the test puts
-// there; those keys are volatile, never saved, so Wine never starts what they name. The shell is the real
-// one, with folders of the test's own where a test names them (ownShell).
+// The RegWatch page over the real registry calls and profile files. The three roots are mapped, for this process,
+// to empty volatile keys of the test's own, so that the watched keys hold only what the test puts there and Wine
+// never starts what they name. The shell is the real one, with folders of the test's own where named (ownShell).
 #pragma once
 
 #include "regwatch/reg_class.h"
@@ -63,13 +62,18 @@ protected:
         const Texts& rows = page.List5.items();
         return rows.empty() ? rows : Texts(rows.begin() + 1, rows.end());
     }
-    Texts started() const {
-        Texts lines;
-        for (const auto& [line, style] : processes.started) lines.push_back(line);
-        return lines;
+    // Chooses warning row `row` and deletes its value, answering Yes; the question asked.
+    std::string deleteRow(std::size_t row) {
+        page.List5.userSetValue(static_cast<int>(row));
+        boxes.answers = {box::Yes};
+        page.Command3.userClick();
+        return boxes.shown.empty() ? std::string() : boxes.shown.back().prompt;
+    }
+    static std::string question(const std::string& name, const std::string& from) {
+        return "WARNING!\r\nYou are about to Delete the key: " + name + "\r\nFrom: " + from +
+               "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
     }
     std::size_t node(const std::string& key) const { return page.TreeView1.nodeIndex(key); }
-    int entryButtons() const { return page.Command3.enabled() + page.Command11.enabled(); }  // they go together
 
     OwnSystemShell ownShell;
     AppContext ctx{{files, profiles, ownShell, boxes, processes, loop, renderer, registry, clock, windows, power,

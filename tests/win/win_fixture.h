@@ -43,10 +43,6 @@ private:
     std::string folder_;  // ends in a backslash
 };
 
-// The fake scanner of the build (tools\fakescan.exe beside the tests' folder),
-// which appends its command line to the file TARVELON_FAKESCAN_LOG names.
-std::string fakeScannerPath();
-
 // Holds a file open with no sharing, as another program might.
 class FileLock {
 public:
