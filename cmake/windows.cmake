@@ -13,6 +13,7 @@ endif()
 add_compile_definitions(_WIN32_WINNT=0x0501 WINVER=0x0501 _WIN32_IE=0x0600)
 
 add_library(tarvelon_win32 STATIC ${TARVELON_WIN32_SOURCES})
+set_target_properties(tarvelon_win32 PROPERTIES UNITY_BUILD ${TARVELON_UNITY})
 target_link_libraries(tarvelon_win32 PUBLIC tarvelon_core ${TARVELON_WIN_LIBS})
 target_link_options(tarvelon_win32 INTERFACE ${TARVELON_WIN_LINK})
 

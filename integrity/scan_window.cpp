@@ -13,12 +13,7 @@ constexpr Bounds title(int row) { return {8, 6 + row * kRow, 300, 16}; }
 constexpr Bounds file(int row) { return {24, 22 + row * kRow, 330, 14}; }
 constexpr Bounds percent(int row) { return {370, 6 + row * kRow, 60, 16}; }
 constexpr Bounds figure(int row, int left, int width) { return {left, 16 + row * 28, width, 18}; }
-constexpr Bounds hidden{0, 0, 0, 0};
-
-Control& hide(Control& control) {
-    control.setVisible(false);
-    return control;
-}
+constexpr Bounds kNowhere{0, 0, 0, 0};
 
 }  // namespace
 
@@ -32,14 +27,14 @@ ScanWindow::ScanWindow()
       l_cust(add(Kind::Label, "l_cust", file(kPassCount), "", &Frame1)),
       l_scust(add(Kind::Label, "l_scust", percent(kPassCount), "", &Frame1)),
       Image9(add(Kind::FlatButton, "Image9", {8, 270, 100, 26}, "Pause", &Frame1)),
-      Label11(hide(add(Kind::Label, "Label11", {118, 275, 80, 18}, "Resume", &Frame1))),
+      Label11(hidden(add(Kind::Label, "Label11", {118, 275, 80, 18}, "Resume", &Frame1))),
       Image11(add(Kind::FlatButton, "Image11", {336, 270, 100, 26}, "Cancel", &Frame1)),
-      Text1(hide(add(Kind::TextBox, "Text1", hidden, "", &Frame1))),
-      Text2(hide(add(Kind::TextBox, "Text2", hidden, "", &Frame1))),
-      textav1(hide(add(Kind::TextBox, "textav1", hidden, "", &Frame1))),
-      textav2(hide(add(Kind::TextBox, "textav2", hidden, "", &Frame1))),
-      Command1(hide(add(Kind::FlatButton, "Command1", hidden, "Command1", &Frame1))),
-      Timer1(add(Kind::Timer, "Timer1", hidden)),
+      Text1(hidden(add(Kind::TextBox, "Text1", kNowhere, "", &Frame1))),
+      Text2(hidden(add(Kind::TextBox, "Text2", kNowhere, "", &Frame1))),
+      textav1(hidden(add(Kind::TextBox, "textav1", kNowhere, "", &Frame1))),
+      textav2(hidden(add(Kind::TextBox, "textav2", kNowhere, "", &Frame1))),
+      Command1(hidden(add(Kind::FlatButton, "Command1", kNowhere, "Command1", &Frame1))),
+      Timer1(add(Kind::Timer, "Timer1", kNowhere)),
       Label1(add(Kind::Label, "Label1", figure(0, 16, 160), "Total Files Scanned:", &Frame2)),
       Label6(add(Kind::Label, "Label6", figure(0, 180, 120), "1000", &Frame2)),
       Label3(add(Kind::Label, "Label3", figure(1, 16, 160), "New Files:", &Frame2)),
@@ -48,15 +43,15 @@ ScanWindow::ScanWindow()
       Label9(add(Kind::Label, "Label9", figure(2, 180, 120), "1000", &Frame2)),
       Label5(add(Kind::Label, "Label5", figure(3, 16, 160), "Passing Files:", &Frame2)),
       Label7(add(Kind::Label, "Label7", figure(3, 180, 120), "1000", &Frame2)),
-      Label14(hide(add(Kind::Label, "Label14", figure(5, 16, 420),
+      Label14(hidden(add(Kind::Label, "Label14", figure(5, 16, 420),
                        "Scan Complete. No new or modified files were found.", &Frame2))),
       Label2(add(Kind::Label, "Label2", figure(7, 16, 420), "Repair and Update Failed Files...", &Frame2)),
       Label10(add(Kind::Label, "Label10", {8, 8, 300, 18}, "New and Failed Files:", &Frame3)),
       List1(add(Kind::ListBox, "List1", {8, 30, 428, 226}, "", &Frame3)),
       Label12(add(Kind::Label, "Label12", {8, 266, 420, 20}, "Scan Failing Files...", &Frame3)),
-      pb1max(hide(add(Kind::Label, "pb1max", hidden))),
-      pb2max(hide(add(Kind::Label, "pb2max", hidden))),
-      pbm(hide(add(Kind::Label, "pbm", hidden, "0"))) {
+      pb1max(hidden(add(Kind::Label, "pb1max", kNowhere))),
+      pb2max(hidden(add(Kind::Label, "pb2max", kNowhere))),
+      pbm(hidden(add(Kind::Label, "pbm", kNowhere, "0"))) {
     for (int pass = 0; pass < kPassCount; ++pass) {
         const ScanPass& names = kScanPasses[pass];
         titles[pass] = &add(Kind::Label, names.titleLabel, title(pass), names.designTitle, &Frame1);

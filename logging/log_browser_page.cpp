@@ -1,14 +1,6 @@
 #include "logging/log_browser_page.h"
 
 namespace tv::ui {
-namespace {
-
-Control& hidden(Control& control) {
-    control.setVisible(false);
-    return control;
-}
-
-}  // namespace
 
 LogBrowserPage::LogBrowserPage(Form& form, Control& setFq)
     : TreeView2(form.add(Kind::TreeView, "TreeView2", {8, 240, 340, 176}, {}, &setFq)),

@@ -30,6 +30,11 @@ void Control::setVisible(bool visible) {
     changed(Prop::Visible);
 }
 
+Control& hidden(Control& control) {
+    control.setVisible(false);
+    return control;
+}
+
 bool Control::shown() const {
     for (const Control* c = this; c; c = c->parent_)
         if (!c->visible_) return false;

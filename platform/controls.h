@@ -233,4 +233,7 @@ private:
     ChangeSink sink_;
 };
 
+// A control made hidden, as it is built: for the forms' controls that start unseen.
+Control& hidden(Control& control);
+
 }  // namespace tv::ui

@@ -10,11 +10,6 @@ constexpr const char* kPlacesRecorded =
 constexpr Bounds kTree{8, 130, 532, 196};
 constexpr Bounds kHidden{0, 0, 0, 0};
 
-Control& hidden(Control& control) {
-    control.setVisible(false);
-    return control;
-}
-
 }  // namespace
 
 RegWatchPage::RegWatchPage(Form& form, Control& frame)

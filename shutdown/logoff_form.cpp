@@ -7,11 +7,6 @@ constexpr Bounds kClient{0, 0, 360, 200};
 constexpr Bounds picture(int column) { return {56 + column * 108, 28, 64, 64}; }
 constexpr Bounds below(int column) { return {40 + column * 108, 100, 96, 18}; }
 
-Control& hidden(Control& control) {
-    control.setVisible(false);
-    return control;
-}
-
 Control& centred(Control& control) {
     control.setCentred(true);
     return control;

@@ -12,11 +12,6 @@ constexpr const char* kAlgorithms[] = {"CRC32", "MD5", "SHA-1", "MD4"};
 
 constexpr Bounds row(int left, int top, int width = 516) { return {left, top, width, 20}; }
 
-Control& hidden(Control& control) {
-    control.setVisible(false);
-    return control;
-}
-
 Control& red(Control& control) {
     control.setLook(kRed);
     return control;

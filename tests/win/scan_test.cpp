@@ -236,6 +236,17 @@ TEST_F(Scan, LockedDataFileKeepsItsBaselineAndTheBackupStaysUsable) {
     EXPECT_TRUE(boxes.shown[0].prompt.starts_with("Tarvelon could not write\r\n" + ctx.intFile + "\r\n"));
     EXPECT_EQ(processes.started.at(0).second, show::MinimizedFocus);
     EXPECT_EQ(readFile("Data\\Integrity.dat") + readFile("Data\\integrity.bak"), oldSystem + oldSystem);
+
+    // A scanner that cannot start is named, and the findings stay unaccepted.
+    processes.refuse = true;
+    boxes.shown.clear();
+    boxes.answers = {box::Ok};
+    host.action = [this] { action.label12Click(); };
+    logOnRun();
+    runTimer();
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_TRUE(boxes.shown[0].prompt.ends_with(path("av\\scan.exe")));
+    EXPECT_EQ(readFile("Data\\Integrity.dat"), oldSystem);
 }
 
 // The folder list keeps no gaps, yet a row stands for the slot of its number; the
