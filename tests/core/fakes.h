@@ -25,16 +25,26 @@ public:
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
     std::set<std::string> locked;              // files no one may open
-    // Folders that lead to another one (junctions), upper-cased both: the
-    // paths through one are the target's.
+    // Junctions, upper-cased both: the paths through one are the target's.
     std::map<std::string, std::string> junctions;
 
-    void put(const std::string& path, std::string content);
-    const std::string* content(const std::string& path) const;
+    // Names as they were put, for the listing (the maps hold upper-cased keys).
+    std::map<std::string, std::string> spelled;
 
-    bool canRead(const std::string& path) const override;
-    bool isFolder(const std::string& path) const override;
-    std::optional<std::string> readAll(const std::string& path) const override;
+    void put(const std::string& path, std::string content) {
+        spelled[key(path)] = path;
+        files[key(path)] = std::move(content);
+    }
+    const std::string* content(const std::string& path) const {
+        const auto found = files.find(key(path));
+        return found == files.end() ? nullptr : &found->second;
+    }
+
+    bool canRead(const std::string& path) const override { return content(path) && !locked.count(key(path)); }
+    bool isFolder(const std::string& path) const override { return folders.count(key(path)) > 0; }
+    std::optional<std::string> readAll(const std::string& path) const override {
+        return canRead(path) ? std::optional(*content(path)) : std::nullopt;
+    }
     bool writeAll(const std::string& path, std::string_view bytes) override;
     bool writeThrough(const std::string& path, std::string_view bytes) override { return writeAll(path, bytes); }
     bool createNew(const std::string& path, std::string_view bytes) override {
@@ -43,20 +53,23 @@ public:
     bool moveOver(const std::string& from, const std::string& to) override;
     bool append(const std::string& path, std::string_view bytes) override;
     bool makeFolder(const std::string& path) override;
-    bool copy(const std::string& from, const std::string& to) override;
-    bool remove(const std::string& path) override;
+    bool copy(const std::string& from, const std::string& to) override {
+        const auto text = readAll(from);
+        return text && writeAll(to, *text);
+    }
+    bool remove(const std::string& path) override { return !locked.count(key(path)) && files.erase(key(path)) > 0; }
     std::unique_ptr<FileReader> openReader(const std::string& path) const override;
-    std::optional<std::uint64_t> length(const std::string& path) const override;
+    std::optional<std::uint64_t> length(const std::string& path) const override {
+        return content(path) ? std::optional<std::uint64_t>(content(path)->size()) : std::nullopt;
+    }
     std::string firstName(const std::string& folder) override;
-    std::string nextName() override;
+    std::string nextName() override { return listed_ < listing_.size() ? listing_[listed_++] : std::string(); }
     const ListedName* peekName(std::size_t ahead) override;
     std::vector<FolderEntry> listFolder(const std::string& folder) const override;
     std::string folderIdentity(const std::string& folder) const override;
 
-    // Names as they were put, for the listing (the maps hold upper-cased keys).
-    std::map<std::string, std::string> spelled;
-
 private:
+    static std::string key(const std::string& path);  // upper-cased, without trailing backslashes
     bool parentExists(const std::string& key) const;
     std::string resolved(const std::string& key) const;
     std::vector<FolderEntry> children(const std::string& parentKey) const;
@@ -68,16 +81,12 @@ private:
 
 class NoProfileFiles final : public ProfileFiles {
 public:
-    // A write fails the test, unless the test records the writes, as
-    // "section|key=value" in the order they came.
+    // A write fails the test, unless the test records the writes as "section|key=value".
     bool recordWrites = false;
     std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
-    std::vector<std::string> sectionNames(const std::string&) const override {
-        get({}, {}, 0, {});
-        return {};
-    }
+    std::vector<std::string> sectionNames(const std::string&) const override { return {get({}, {}, 0, {})}; }
     bool addSection(const std::string&, const std::string&) override { return put({}, {}, {}, {}); }
 };
 
@@ -86,10 +95,11 @@ public:
     std::map<int, std::string> special;  // by folder number
     std::string systemDirectory(std::size_t) const override { return "C:\\WINDOWS\\SYSTEM32"; }
     std::string windowsDirectoryBuffer(std::size_t charCount) const override;
-    std::string specialFolder(int csidl, std::size_t) const override;
-    // The open-file dialog answers with the next of `fileChoices` in its whole
-    // buffer, zeros behind the name as the system leaves them; cancelled when
-    // none is left. Every dialog's title and filter are recorded.
+    std::string specialFolder(int csidl, std::size_t) const override {
+        return special.count(csidl) ? special.at(csidl) : std::string();
+    }
+    // The open-file dialog answers with the next of `fileChoices`, zeros behind it to the
+    // buffer's end; cancelled when none is left. Every dialog's title and filter are recorded.
     std::deque<std::string> fileChoices;
     std::vector<std::pair<std::string, std::string>> fileDialogs;
     std::string openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
@@ -126,14 +136,10 @@ public:
     bool refuse = false;  // nothing can be started
     std::string commandLine() const override { return line; }
     std::string modulePath() const override { return path; }
-    std::string version = "2.0.0";
-    std::string versionNumbers() const override { return version; }
-    bool otherInstance = false;
-    bool anotherInstanceRunning() const override { return otherInstance; }
+    std::string versionNumbers() const override { return "2.0.0"; }
+    bool anotherInstanceRunning() const override { return false; }
     bool start(const std::string& commandLine, int showStyle) override {
-        if (refuse) return false;
-        started.emplace_back(commandLine, showStyle);
-        return true;
+        return !refuse && (started.emplace_back(commandLine, showStyle), true);
     }
 };
 
@@ -149,14 +155,8 @@ public:
         ++pumps;
         if (onPump) onPump();
     }
-    void waitForInput() override {
-        ++waits;
-        pump();
-    }
-    std::uint32_t queueStatus(std::uint32_t) override {
-        ++statusQueries;
-        return queueAnswer;
-    }
+    void waitForInput() override { ++waits, pump(); }
+    std::uint32_t queueStatus(std::uint32_t) override { return ++statusQueries, queueAnswer; }
     int run() override { return 0; }
     void quit(int) override { quitCalled = true; }
 };
@@ -164,17 +164,15 @@ public:
 // The scan's view of the rest of the program, recorded; the hooks stand for
 // the windows a test brings along.
 struct RecordingHost final : ScanHost {
-    // Thrown by endProgram when asked to: unwinds the scan as the end of the
-    // process would stop it.
+    // Thrown by endProgram when asked to: unwinds the scan as the end of the process would.
     struct ProgramEnded {};
     bool endUnwinds = false;
     std::function<void()> start;
     std::function<void()> action;  // the result action of the windows in the test
     std::function<void(const std::string&, const std::string&)> startFirstCustom;
-    std::vector<std::string> captions;
     bool mainShown = true, ended = false;
     int actions = 0;
-    void setMainCaption(const std::string& caption) override { captions.push_back(caption); }
+    void setMainCaption(const std::string&) override {}
     void showMainWindow(bool visible) override { mainShown = visible; }
     void startScanWindow() override { start(); }
     void endProgram() override {
@@ -194,14 +192,13 @@ struct RecordingHost final : ScanHost {
 // A registry in which no key can be opened.
 class NoRegistry : public Registry {
 public:
-    static constexpr long kNotFound = 2;
     int otherViewBits() const override { return 0; }
-    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key&) override { return kNotFound; }
-    long enumKey(Key, std::uint32_t, std::string&) override { return kNotFound; }
-    long enumValue(Key, std::uint32_t, RegText&) override { return kNotFound; }
-    long queryValue(Key, const RegText&, RegValue&) override { return kNotFound; }
-    long deleteValue(Key, const RegText&) override { return kNotFound; }
-    long closeKey(Key) override { return kNotFound; }
+    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key&) override { return 2; }  // not found
+    long enumKey(Key, std::uint32_t, std::string&) override { return 2; }
+    long enumValue(Key, std::uint32_t, RegText&) override { return 2; }
+    long queryValue(Key, const RegText&, RegValue&) override { return 2; }
+    long deleteValue(Key, const RegText&) override { return 2; }
+    long closeKey(Key) override { return 2; }
 };
 
 // A clock that stands where the test puts it, or tells the scripted times one
@@ -229,8 +226,7 @@ class ScriptedTopWindows final : public TopWindows {
 public:
     struct Window {
         NativeWindow handle;
-        std::string title;
-        std::string className;
+        std::string title, className;
         std::uint32_t process;
         bool closes = true;  // answers the close request by closing
     };
@@ -248,7 +244,7 @@ public:
     void askToClose(NativeWindow window) override;
 
 private:
-    const Window* at(NativeWindow window) const;
+    const Window& at(NativeWindow window) const;
 };
 
 // Power actions are recorded, never carried out: a test never switches a
@@ -261,12 +257,10 @@ public:
     bool refuses = false;
     void enableShutdownPrivilege() override { calls.push_back("privilege"); }
     bool exitWindows(std::uint32_t flags, std::uint32_t reserved) override {
-        calls.push_back("exit " + std::to_string(flags) + " " + std::to_string(reserved));
-        return !refuses;
+        return calls.push_back("exit " + std::to_string(flags) + " " + std::to_string(reserved)), !refuses;
     }
     bool setSystemPowerState(bool suspend, bool force) override {
-        calls.push_back("state " + std::to_string(suspend) + " " + std::to_string(force));
-        return !refuses;
+        return calls.push_back("state " + std::to_string(suspend) + " " + std::to_string(force)), !refuses;
     }
     Version version() const override { return answer; }
     void killDesktopProcess() override { calls.push_back("kill desktop"); }
@@ -284,13 +278,11 @@ public:
     };
     std::vector<Scripted> scripted;
     bool makeShellLink(const std::string& linkPath, const Link& link) override {
-        links.emplace_back(linkPath, link);
-        return succeed;
+        return links.emplace_back(linkPath, link), succeed;
     }
     bool makeScriptedShortcut(const std::string& linkPath, const std::string& description, const std::string& target,
                               const std::optional<std::string>& arguments, int windowStyle) override {
-        scripted.push_back({linkPath, description, target, arguments, windowStyle});
-        return succeed;
+        return scripted.push_back({linkPath, description, target, arguments, windowStyle}), succeed;
     }
     // The last link made at that path reads back; any other path is no link.
     std::optional<Target> readShellLink(const std::string& linkPath) override {

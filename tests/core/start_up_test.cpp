@@ -77,9 +77,8 @@ TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
         EXPECT_EQ(run.os.boxes.shown.size(), c.baseline || unwatched ? 0u : *c.refusal ? 5u : 4u);
         if (*c.refusal) EXPECT_EQ(run.os.boxes.shown.back().prompt + "|" + run.os.boxes.shown.back().title,
                                   c.refusal + std::string("|TarvelonLow"));
-        EXPECT_EQ(run.os.loop.quitCalled, std::string(c.shown) == "none");
-        EXPECT_EQ(run.main.visible(), std::string(c.shown) == "main");
-        EXPECT_EQ(run.app.secureShutDown().frmLogoff.visible(), std::string(c.shown) == "dialog");
+        EXPECT_EQ(std::string(run.os.loop.quitCalled ? "none" : "") + (run.main.visible() ? "main" : "") +
+                      (run.app.secureShutDown().frmLogoff.visible() ? "dialog" : ""), c.shown);
         if (!unwatched) continue;
         const std::string report = *run.os.files.content(run.ctx.unseenReport);
         EXPECT_TRUE(report.starts_with("Unattended Run - Tarvelon did not wait for an answer to these messages,"
@@ -187,12 +186,8 @@ TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
 // A write that fails later is told once per file, and the save does not claim success. Settings and the snapshot
 // through a profile writer that refuses every write.
 struct RefusingProfiles final : ProfileFiles {
-    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override {
-        return {};
-    }
-    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override {
-        return false;
-    }
+    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override { return {}; }
+    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override { return false; }
     std::vector<std::string> sectionNames(const std::string&) const override { return {}; }
     bool addSection(const std::string&, const std::string&) override { return false; }
 };
@@ -209,16 +204,13 @@ TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {
     window.settings.cSave.userClick();
     window.settings.cSave.userClick();
     writeEntry(ctx, ctx.appPath + "Data\\Registry.dat", "Run", " (x.exe)", "LM/R");
+    ctx.unattended = true;  // nobody there: counted, never shown
+    reportFailedWrite(ctx, ctx.appPath + "Data\\Integrity.dat");
+    showUnwritableData(ctx);
     ASSERT_EQ(os.boxes.shown.size(), 2u);
     for (int i : {0, 1})
         EXPECT_TRUE(os.boxes.shown[i].prompt.starts_with(std::string("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\") +
                                                         (i ? "Registry" : "Tarvelon") + ".dat\r\n"));
-    EXPECT_EQ(ctx.failedWrites, 5);
-
-    ctx.unattended = true;  // nobody there: counted, never shown
-    reportFailedWrite(ctx, ctx.appPath + "Data\\Integrity.dat");
-    showUnwritableData(ctx);
-    EXPECT_EQ(os.boxes.shown.size(), 2u);
     EXPECT_EQ(ctx.failedWrites, 6);
 }
 

@@ -12,8 +12,8 @@ namespace tv::test {
 
 class StdThreads final : public Threads {
 public:
-    int processors = 2;
-    int processorCount() const override { return processors; }
+    int started = 0;  // threads started so far
+    int processorCount() const override { return 2; }
 
     std::unique_ptr<Mutex> makeMutex() override {
         struct StdMutex final : Mutex {
@@ -53,6 +53,7 @@ public:
         };
         auto thread = std::make_unique<Joined>();
         thread->t = std::thread(std::move(body));
+        ++started;
         return thread;
     }
 };
