@@ -20,8 +20,7 @@ class ScanWindow;
 
 namespace tv::test {
 
-class MemoryFiles : public Files {
-public:
+struct MemoryFiles : Files {
     std::map<std::string, std::string> files;  // by upper-cased path
     std::set<std::string> folders;             // upper-cased, without trailing backslash
     std::set<std::string> locked;              // files no one may open
@@ -79,8 +78,7 @@ private:
     ListedName peeked_;
 };
 
-class NoProfileFiles final : public ProfileFiles {
-public:
+struct NoProfileFiles final : ProfileFiles {
     // A write fails the test, unless the test records the writes as "section|key=value".
     bool recordWrites = false;
     std::vector<std::string> written;
@@ -90,8 +88,7 @@ public:
     bool addSection(const std::string&, const std::string&) override { return put({}, {}, {}, {}); }
 };
 
-class FixedShell final : public Shell {
-public:
+struct FixedShell final : Shell {
     std::map<int, std::string> special;  // by folder number
     std::string systemDirectory(std::size_t) const override { return "C:\\WINDOWS\\SYSTEM32"; }
     std::string windowsDirectoryBuffer(std::size_t charCount) const override;
@@ -121,15 +118,13 @@ struct ShownBox {
     unsigned style;
 };
 
-class ScriptedBoxes final : public MessageBoxes {
-public:
+struct ScriptedBoxes final : MessageBoxes {
     std::deque<int> answers;
     std::vector<ShownBox> shown;
     int show(const std::string& prompt, const std::string& title, unsigned style) override;
 };
 
-class FixedProcesses final : public Processes {
-public:
+struct FixedProcesses final : Processes {
     std::string line = "\"C:\\Tarvelon\\TarvelonLow.exe\"";
     std::string path = "C:\\Tarvelon\\TarvelonLow.exe";
     std::vector<std::pair<std::string, int>> started;
@@ -143,8 +138,7 @@ public:
     }
 };
 
-class RecordingLoop final : public EventLoop {
-public:
+struct RecordingLoop final : EventLoop {
     std::function<void()> onPump;  // what a click arriving in a pump does
     int pumps = 0;
     int statusQueries = 0;
@@ -190,8 +184,7 @@ struct RecordingHost final : ScanHost {
 };
 
 // A registry in which no key can be opened.
-class NoRegistry : public Registry {
-public:
+struct NoRegistry : Registry {
     int otherViewBits() const override { return 0; }
     long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key&) override { return 2; }  // not found
     long enumKey(Key, std::uint32_t, std::string&) override { return 2; }
@@ -203,8 +196,7 @@ public:
 
 // A clock that stands where the test puts it, or tells the scripted times one
 // after the other and then stays at the last.
-class FixedClock final : public Clock {
-public:
+struct FixedClock final : Clock {
     mutable double seconds = 0;
     mutable std::deque<double> script;
     DateTimeText now{"3/5/2006", "3:04:07 PM"};
@@ -222,8 +214,7 @@ public:
 // classes are found as the system finds them, without regard to case; the
 // first window that matches wins. Raising and closing are recorded; a window
 // that answers the close request leaves the desktop.
-class ScriptedTopWindows final : public TopWindows {
-public:
+struct ScriptedTopWindows final : TopWindows {
     struct Window {
         NativeWindow handle;
         std::string title, className;
@@ -250,8 +241,7 @@ private:
 // Power actions are recorded, never carried out: a test never switches a
 // machine off. Each is taken (standby and hibernation come back at once)
 // unless `refuses` says otherwise.
-class RecordingPower final : public Power {
-public:
+struct RecordingPower final : Power {
     std::vector<std::string> calls;  // "privilege", "exit <flags> <reserved>", "state <suspend> <force>", "kill desktop"
     Version answer{2, 5};            // Windows 2000 and later
     bool refuses = false;
@@ -267,8 +257,7 @@ public:
 };
 
 // Shortcuts recorded by their path; each is made when `succeed` says so.
-class RecordingShortcuts final : public Shortcuts {
-public:
+struct RecordingShortcuts final : Shortcuts {
     bool succeed = true;
     std::vector<std::pair<std::string, Link>> links;
     struct Scripted {

@@ -29,22 +29,16 @@ std::string digestHex(DigestKind kind, const std::string& input, BlockFunction b
 
 TEST(KnownAnswers, EveryEngineAndEveryFastForm) {
     std::string digits80;
-    for (int i = 0; i < 8; ++i) digits80 += "1234567890";
+    while (digits80.size() < 80) digits80 += "1234567890";
     for (const auto& [input, crc] : std::initializer_list<std::pair<std::string, std::uint32_t>>{
              {"123456789", 0xCBF43926u}, {"", 0u}, {"The quick brown fox jumps over the lazy dog", 0x414FA339u}})
         EXPECT_EQ(~crc32Update(0xFFFFFFFFu, bytes(input), input.size()), crc) << input;
     EXPECT_EQ(crc16Update(0, bytes("123456789"), 9), 0x31C3u);
-    const std::tuple<DigestKind, std::string, const char*> digests[] = {
-        {DigestKind::Md4, digits80, "e33b4ddc9c38f2199c3e7b164fcc0536"},
-        {DigestKind::Md5, "", "d41d8cd98f00b204e9800998ecf8427e"},
-        {DigestKind::Md5, digits80, "57edf4a22be3c955ac49da2e2107b67a"}};
-    for (const auto& [kind, input, hex] : digests) EXPECT_EQ(digestHex(kind, input), hex) << input;
-    for (BlockFunction form : {sha1BlocksPortable, sha1BlocksShaNi()}) {
-        if (!form) continue;
-        EXPECT_EQ(digestHex(DigestKind::Sha1, "abc", form), "a9993e364706816aba3e25717850c26c9cd0d89d");
-        EXPECT_EQ(digestHex(DigestKind::Sha1, "abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq", form),
-                  "84983e441c3bd26ebaae4aa1f95129e5e54670f1");
-    }
+    // Two blocks each; the one-block answers are the file checksums' below, and the fast forms follow the plainest.
+    EXPECT_EQ(digestHex(DigestKind::Md4, digits80), "e33b4ddc9c38f2199c3e7b164fcc0536");
+    EXPECT_EQ(digestHex(DigestKind::Md5, digits80), "57edf4a22be3c955ac49da2e2107b67a");
+    EXPECT_EQ(digestHex(DigestKind::Sha1, "abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq", sha1BlocksPortable),
+              "84983e441c3bd26ebaae4aa1f95129e5e54670f1");
 }
 
 // Every fast form against the plainest one, over lengths around the block and folding boundaries, odd alignments, and

@@ -6,9 +6,9 @@
 
 namespace tv::test {
 
-std::size_t heldBytes();
+// Starts the peak afresh at what is held now, and answers that.
+std::size_t startPeak();
 // The most held at any moment since the last startPeak.
 std::size_t peakHeldBytes();
-void startPeak();
 
 }  // namespace tv::test
