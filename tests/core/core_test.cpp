@@ -64,8 +64,8 @@ TEST(BaselineBlocks, LookUpsAreBoundToLineStartsAndValueEnds) {
     for (int i = 0; i < 1000; ++i) big.write("F" + std::to_string(i) + ".EXE", "NULL*E");
     big.write("F500.EXE", "ABCD*E");
     EXPECT_EQ(big.entry("f500.exe"), "ABCD");
-    EXPECT_TRUE(big.text().starts_with("[EXE]\r\nF0.EXE=NULL*E\r\nF1.EXE=NULL*E\r\n"));
-    EXPECT_TRUE(big.text().ends_with("F999.EXE=NULL*E\r\nNULL*E\r\n"));
+    EXPECT_TRUE(big.text().starts_with("[EXE]\r\nF0.EXE=NULL*E\r\nF1.EXE=NULL*E\r\n") &&
+                big.text().ends_with("F999.EXE=NULL*E\r\nNULL*E\r\n"));
 }
 
 TEST(BaselineBlocks, WritesFindTheKeyAsTheTextSearchDoes) {
@@ -84,11 +84,9 @@ TEST(BaselineBlocks, WritesFindTheKeyAsTheTextSearchDoes) {
     }
     SectionBlocks blocks;
     blocks.name = {"DLL", "DRV"};
-    blocks.text[0] = BaselineBlock("[DLL]\r\nA.DLL=1*E\r\n");
-    EXPECT_TRUE(writeEntryToBlocks(blocks, "DLL", "B.DLL", "2*E"));
-    EXPECT_EQ(blocks.text[0].text(), "[DLL]\r\nA.DLL=1*E\r\n");  // no end line: stays as it was
-    EXPECT_FALSE(writeEntryToBlocks(blocks, "EXE", "A.EXE", "1*E"));
-    EXPECT_EQ(findSectionNumber(blocks, "drv") * 10 + findSectionNumber(blocks, "EXE"), 20);
+    blocks.text[0] = BaselineBlock("[DLL]\r\nA.DLL=1*E\r\n");  // no end line: stays as it was
+    EXPECT_TRUE(writeEntryToBlocks(blocks, "DLL", "B.DLL", "2*E") && !writeEntryToBlocks(blocks, "EXE", "A.EXE", "1*E"));
+    EXPECT_EQ(blocks.text[0].text() + std::to_string(findSectionNumber(blocks, "drv")), "[DLL]\r\nA.DLL=1*E\r\n2");
 }
 
 }  // namespace

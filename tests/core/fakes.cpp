@@ -139,8 +139,7 @@ std::unique_ptr<FileReader> MemoryFiles::openReader(const std::string& path) con
 }
 
 std::string NoProfileFiles::get(const std::string&, const std::string&, std::size_t, const std::string&) const {
-    ADD_FAILURE() << "profile read where none was expected";
-    return {};
+    return ADD_FAILURE() << "profile read where none was expected", std::string();
 }
 
 bool NoProfileFiles::put(const std::string& section, const std::string& key, const std::string& value,
@@ -190,8 +189,6 @@ std::string ScriptedTopWindows::classBuffer(NativeWindow w, std::size_t count) c
     return zeroFilled(at(w).className, count);
 }
 
-std::uint32_t ScriptedTopWindows::processId(NativeWindow window) const { return at(window).process; }
-
 NativeWindow ScriptedTopWindows::find(const std::optional<std::string>& className, const std::string& title) const {
     for (const Window& w : windows)
         if (sameText(w.title, title) && (!className || sameText(w.className, *className))) return w.handle;
@@ -205,10 +202,7 @@ void ScriptedTopWindows::askToClose(NativeWindow window) {
 
 int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {
     shown.push_back({prompt, title, style});
-    if (answers.empty()) {
-        ADD_FAILURE() << "unexpected message box: " << prompt;
-        return box::Ok;
-    }
+    if (answers.empty()) return ADD_FAILURE() << "unexpected message box: " << prompt, box::Ok;
     const int answer = answers.front();
     answers.pop_front();
     return answer;

@@ -95,8 +95,7 @@ struct FixedShell final : Shell {
     std::string specialFolder(int csidl, std::size_t) const override {
         return special.count(csidl) ? special.at(csidl) : std::string();
     }
-    // The open-file dialog answers with the next of `fileChoices`, zeros behind it to the
-    // buffer's end; cancelled when none is left. Every dialog's title and filter are recorded.
+    // The open-file dialog answers the next of `fileChoices` in a zeroed buffer, or is cancelled; each is recorded.
     std::deque<std::string> fileChoices;
     std::vector<std::pair<std::string, std::string>> fileDialogs;
     std::string openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
@@ -108,15 +107,11 @@ struct FixedShell final : Shell {
     std::vector<std::array<std::string, 3>> opened;
     int openResult = 42;
     int openDocument(const std::string& verb, const std::string& file, const std::string& folder) override {
-        opened.push_back({verb, file, folder});
-        return openResult;
+        return opened.push_back({verb, file, folder}), openResult;
     }
 };
 
-struct ShownBox {
-    std::string prompt, title;
-    unsigned style;
-};
+struct ShownBox { std::string prompt, title; unsigned style; };
 
 struct ScriptedBoxes final : MessageBoxes {
     std::deque<int> answers;
@@ -140,10 +135,9 @@ struct FixedProcesses final : Processes {
 
 struct RecordingLoop final : EventLoop {
     std::function<void()> onPump;  // what a click arriving in a pump does
-    int pumps = 0;
-    int statusQueries = 0;
+    int pumps = 0, statusQueries = 0;
     std::uint32_t queueAnswer = 0;  // what the queue status reports
-    int waits = 0;  // of a paused scan for the next message
+    int waits = 0;                  // of a paused scan for the next message
     bool quitCalled = false;
     void pump() override {
         ++pumps;
@@ -155,8 +149,7 @@ struct RecordingLoop final : EventLoop {
     void quit(int) override { quitCalled = true; }
 };
 
-// The scan's view of the rest of the program, recorded; the hooks stand for
-// the windows a test brings along.
+// The scan's view of the rest of the program, recorded; the hooks stand for the windows a test brings along.
 struct RecordingHost final : ScanHost {
     // Thrown by endProgram when asked to: unwinds the scan as the end of the process would.
     struct ProgramEnded {};
@@ -178,9 +171,7 @@ struct RecordingHost final : ScanHost {
         if (action) action();
     }
     void afterShutDownScan() override {}
-    void startFirstCustomScan(const std::string& folder, const std::string& datFile) override {
-        startFirstCustom(folder, datFile);
-    }
+    void startFirstCustomScan(const std::string& folder, const std::string& dat) override { startFirstCustom(folder, dat); }
 };
 
 // A registry in which no key can be opened.
@@ -194,32 +185,23 @@ struct NoRegistry : Registry {
     long closeKey(Key) override { return 2; }
 };
 
-// A clock that stands where the test puts it, or tells the scripted times one
-// after the other and then stays at the last.
+// A clock that stands where the test puts it, or tells the scripted times in turn and stays at the last.
 struct FixedClock final : Clock {
     mutable double seconds = 0;
     mutable std::deque<double> script;
     DateTimeText now{"3/5/2006", "3:04:07 PM"};
     double secondsSinceMidnight() const override {
-        if (!script.empty()) {
-            seconds = script.front();
-            script.pop_front();
-        }
+        if (!script.empty()) seconds = script.front(), script.pop_front();
         return seconds;
     }
     DateTimeText localDateTime() const override { return now; }
 };
 
-// A desktop of scripted top-level windows, in stacking order. Titles and
-// classes are found as the system finds them, without regard to case; the
-// first window that matches wins. Raising and closing are recorded; a window
-// that answers the close request leaves the desktop.
+// Top-level windows in stacking order, found by title and class without regard to case, the first match winning;
+// raising and closing are recorded, and a window that answers the close request leaves the desktop.
 struct ScriptedTopWindows final : TopWindows {
-    struct Window {
-        NativeWindow handle;
-        std::string title, className;
-        std::uint32_t process;
-        bool closes = true;  // answers the close request by closing
+    struct Window {  // `closes`: answers the close request by closing
+        NativeWindow handle; std::string title, className; std::uint32_t process; bool closes = true;
     };
     static constexpr NativeWindow kDesktop = 1;
     std::vector<Window> windows;
@@ -229,7 +211,7 @@ struct ScriptedTopWindows final : TopWindows {
     NativeWindow relative(NativeWindow window, int relation) const override;
     std::string titleBuffer(NativeWindow window, std::size_t charCount) const override;
     std::string classBuffer(NativeWindow window, std::size_t charCount) const override;
-    std::uint32_t processId(NativeWindow window) const override;
+    std::uint32_t processId(NativeWindow window) const override { return at(window).process; }
     NativeWindow find(const std::optional<std::string>& className, const std::string& title) const override;
     void bringToTop(NativeWindow window) override { calls.push_back("top " + std::to_string(window)); }
     void askToClose(NativeWindow window) override;
@@ -238,9 +220,7 @@ private:
     const Window& at(NativeWindow window) const;
 };
 
-// Power actions are recorded, never carried out: a test never switches a
-// machine off. Each is taken (standby and hibernation come back at once)
-// unless `refuses` says otherwise.
+// Power actions recorded, never carried out; each is taken (standby comes back at once) unless `refuses`.
 struct RecordingPower final : Power {
     std::vector<std::string> calls;  // "privilege", "exit <flags> <reserved>", "state <suspend> <force>", "kill desktop"
     Version answer{2, 5};            // Windows 2000 and later
@@ -260,11 +240,7 @@ struct RecordingPower final : Power {
 struct RecordingShortcuts final : Shortcuts {
     bool succeed = true;
     std::vector<std::pair<std::string, Link>> links;
-    struct Scripted {
-        std::string path, description, target;
-        std::optional<std::string> arguments;
-        int windowStyle;
-    };
+    struct Scripted { std::string path, description, target; std::optional<std::string> arguments; int windowStyle; };
     std::vector<Scripted> scripted;
     bool makeShellLink(const std::string& linkPath, const Link& link) override {
         return links.emplace_back(linkPath, link), succeed;

@@ -26,8 +26,7 @@ struct Start {
         os.files.folders.insert("C:\\TARVELON\\DATA");
         os.files.put(kSettings, std::move(text));
     }
-    // No data file: the first-run question comes on the plain name and again on the chosen algorithm's; both are
-    // refused.
+    // No data file: the first-run question on the plain name and again on the chosen algorithm's, both refused.
     void refuseFirstRunTwice() { os.boxes.answers.insert(os.boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     bool reload() { return ui::loadSettings(ctx, app.mainForm(), app.scannerChoice()); }
 
@@ -79,10 +78,9 @@ TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
         if (!unwatched) continue;
         const std::string report = *run.os.files.content(run.ctx.unseenReport);
         EXPECT_TRUE(report.starts_with("Unattended Run - Tarvelon did not wait for an answer to these messages,"
-                                       "This is your first time using Tarvelon."));
-        EXPECT_NE(report.find(",Perform scan now?,Tarvelon answered: No,You have chosen not"), std::string::npos);
-        EXPECT_TRUE(report.ends_with(
-            ",Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.,Closing.\r\n"));
+                                       "This is your first time using Tarvelon.")) << report;
+        EXPECT_TRUE(report.find(",Perform scan now?,Tarvelon answered: No,You have chosen not") != std::string::npos &&
+                    report.ends_with(",Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.,Closing.\r\n"));
         EXPECT_FALSE(run.os.files.content(kBaseline));  // no baseline made unasked
     }
 }

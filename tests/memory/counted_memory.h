@@ -1,5 +1,4 @@
-// What the program holds through operator new, counted by this test program's own replacement of it: the memory
-// bounds of the hostile-input tests.
+// What the program holds through operator new, counted by this test program's own replacement of it.
 #pragma once
 
 #include <cstddef>

@@ -24,10 +24,7 @@ namespace {
 constexpr const char* kSystem = "C:\\WINDOWS\\SYSTEM32\\";
 constexpr std::size_t kTwentyMiB = 20u << 20;
 
-std::string name(int i) {
-    const std::string digits = std::to_string(i);
-    return "f" + std::string(6 - digits.size(), '0') + digits + ".dll";
-}
+std::string name(int i) { return "f" + std::to_string(1000000 + i).substr(1) + ".dll"; }  // f000000.dll on
 
 class HostileDataFile : public ::testing::Test {
 protected:
