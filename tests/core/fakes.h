@@ -84,7 +84,9 @@ struct NoProfileFiles final : ProfileFiles {
     std::vector<std::string> written;
     std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override;
     bool put(const std::string&, const std::string&, const std::string&, const std::string&) override;
-    std::vector<std::string> sectionNames(const std::string&) const override { return {get({}, {}, 0, {})}; }
+    std::vector<std::string> sectionNames(const std::string&) const override {
+        return get({}, {}, 0, {}), std::vector<std::string>();
+    }
     bool addSection(const std::string&, const std::string&) override { return put({}, {}, {}, {}); }
 };
 
