@@ -19,17 +19,11 @@ std::string zeroFilled(const std::string& text, std::size_t charCount) {
     return buffer;
 }
 
-std::string key(const std::string& path) {
-    std::string k = upperCase(path);
-    while (!k.empty() && k.back() == '\\') k.pop_back();
-    return k;
-}
-
 }  // namespace
 
-void MemoryFiles::put(const std::string& path, std::string content) {
-    files[key(path)] = std::move(content);
-    spelled[key(path)] = path;
+std::string MemoryFiles::key(const std::string& path) {
+    std::string k = upperCase(path);
+    return k.substr(0, k.find_last_not_of('\\') + 1);
 }
 
 // A path through a junction is the target's path.
@@ -74,8 +68,6 @@ std::string MemoryFiles::folderIdentity(const std::string& folder) const {
     return folders.count(k) ? k : std::string();
 }
 
-std::string MemoryFiles::nextName() { return listed_ < listing_.size() ? listing_[listed_++] : std::string(); }
-
 const ListedName* MemoryFiles::peekName(std::size_t ahead) {
     if (listed_ + ahead >= listing_.size()) return nullptr;
     const std::string& name = listing_[listed_ + ahead];
@@ -84,32 +76,15 @@ const ListedName* MemoryFiles::peekName(std::size_t ahead) {
     return &peeked_;
 }
 
-const std::string* MemoryFiles::content(const std::string& path) const {
-    const auto found = files.find(key(path));
-    return found == files.end() ? nullptr : &found->second;
-}
-
 bool MemoryFiles::parentExists(const std::string& k) const {
     const auto slash = k.find_last_of('\\');
     return slash == std::string::npos || slash == 2 || folders.count(k.substr(0, slash)) > 0;
 }
 
-bool MemoryFiles::canRead(const std::string& path) const {
-    return content(path) && !locked.count(key(path));
-}
-
-bool MemoryFiles::isFolder(const std::string& path) const { return folders.count(key(path)) > 0; }
-
-std::optional<std::string> MemoryFiles::readAll(const std::string& path) const {
-    if (!canRead(path)) return std::nullopt;
-    return *content(path);
-}
-
+// Appending nothing makes the file where it may be written; then its new content.
 bool MemoryFiles::writeAll(const std::string& path, std::string_view bytes) {
-    const std::string k = key(path);
-    if (locked.count(k) || folders.count(k) || !parentExists(k)) return false;
-    files[k] = std::string(bytes);
-    spelled.emplace(k, path);
+    if (!MemoryFiles::append(path, {})) return false;
+    files[key(path)] = bytes;
     return true;
 }
 
@@ -125,15 +100,8 @@ bool MemoryFiles::makeFolder(const std::string& path) {
     const std::string k = key(path);
     if (folders.count(k) || files.count(k) || !parentExists(k)) return false;
     folders.insert(k);
-    std::string spelling = path;
-    while (!spelling.empty() && spelling.back() == '\\') spelling.pop_back();
-    spelled[k] = spelling;
+    spelled[k] = path.substr(0, path.find_last_not_of('\\') + 1);
     return true;
-}
-
-bool MemoryFiles::copy(const std::string& from, const std::string& to) {
-    const auto text = readAll(from);
-    return text && writeAll(to, *text);
 }
 
 bool MemoryFiles::moveOver(const std::string& from, const std::string& to) {
@@ -144,11 +112,6 @@ bool MemoryFiles::moveOver(const std::string& from, const std::string& to) {
     files[target] = std::move(moved);
     spelled[target] = to;
     return true;
-}
-
-bool MemoryFiles::remove(const std::string& path) {
-    const std::string k = key(path);
-    return !locked.count(k) && files.erase(k) > 0;
 }
 
 namespace {
@@ -172,47 +135,26 @@ private:
 }  // namespace
 
 std::unique_ptr<FileReader> MemoryFiles::openReader(const std::string& path) const {
-    if (!canRead(path)) return nullptr;
-    return std::make_unique<MemoryReader>(*content(path));
+    return canRead(path) ? std::make_unique<MemoryReader>(*content(path)) : nullptr;
 }
 
-std::optional<std::uint64_t> MemoryFiles::length(const std::string& path) const {
-    const std::string* text = content(path);
-    if (!text) return std::nullopt;
-    return text->size();
-}
-
-std::string NoProfileFiles::get(const std::string&, const std::string&, std::size_t,
-                                const std::string&) const {
-    ADD_FAILURE() << "profile read where none was expected";
-    return {};
+std::string NoProfileFiles::get(const std::string&, const std::string&, std::size_t, const std::string&) const {
+    return ADD_FAILURE() << "profile read where none was expected", std::string();
 }
 
 bool NoProfileFiles::put(const std::string& section, const std::string& key, const std::string& value,
                          const std::string&) {
-    if (recordWrites) {
-        written.push_back(section + "|" + key + "=" + value);
-        return true;
-    }
-    ADD_FAILURE() << "profile write where none was expected";
-    return false;
+    if (!recordWrites) ADD_FAILURE() << "profile write where none was expected";
+    else written.push_back(section + "|" + key + "=" + value);
+    return recordWrites;
 }
 
-std::string FixedShell::windowsDirectoryBuffer(std::size_t charCount) const {
-    std::string buffer(charCount, '\0');
-    buffer.replace(0, 10, "C:\\WINDOWS");
-    return buffer;
-}
+std::string FixedShell::windowsDirectoryBuffer(std::size_t count) const { return zeroFilled("C:\\WINDOWS", count); }
 
 std::string FixedShell::shortPathBuffer(const std::string& path, std::size_t charCount) const {
     std::string buffer(charCount, ' ');
     if (path.size() + 1 < charCount) buffer.replace(0, path.size() + 1, path + '\0');
     return buffer;
-}
-
-std::string FixedShell::specialFolder(int csidl, std::size_t) const {
-    const auto found = special.find(csidl);
-    return found == special.end() ? std::string() : found->second;
 }
 
 std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, const std::string& filter,
@@ -225,10 +167,12 @@ std::string FixedShell::openFileDialog(NativeWindow, const std::string& title, c
     return buffer;
 }
 
-const ScriptedTopWindows::Window* ScriptedTopWindows::at(NativeWindow window) const {
+// The window of that handle, or one with neither title, class nor process.
+const ScriptedTopWindows::Window& ScriptedTopWindows::at(NativeWindow window) const {
+    static const Window none{};
     for (const Window& w : windows)
-        if (w.handle == window && window != 0) return &w;
-    return nullptr;
+        if (w.handle == window && window != 0) return w;
+    return none;
 }
 
 NativeWindow ScriptedTopWindows::relative(NativeWindow window, int relation) const {
@@ -238,19 +182,11 @@ NativeWindow ScriptedTopWindows::relative(NativeWindow window, int relation) con
     return 0;
 }
 
-std::string ScriptedTopWindows::titleBuffer(NativeWindow window, std::size_t charCount) const {
-    const Window* w = at(window);
-    return zeroFilled(w ? w->title : std::string(), charCount);
+std::string ScriptedTopWindows::titleBuffer(NativeWindow w, std::size_t count) const {
+    return zeroFilled(at(w).title, count);
 }
-
-std::string ScriptedTopWindows::classBuffer(NativeWindow window, std::size_t charCount) const {
-    const Window* w = at(window);
-    return zeroFilled(w ? w->className : std::string(), charCount);
-}
-
-std::uint32_t ScriptedTopWindows::processId(NativeWindow window) const {
-    const Window* w = at(window);
-    return w ? w->process : 0;
+std::string ScriptedTopWindows::classBuffer(NativeWindow w, std::size_t count) const {
+    return zeroFilled(at(w).className, count);
 }
 
 NativeWindow ScriptedTopWindows::find(const std::optional<std::string>& className, const std::string& title) const {
@@ -266,10 +202,7 @@ void ScriptedTopWindows::askToClose(NativeWindow window) {
 
 int ScriptedBoxes::show(const std::string& prompt, const std::string& title, unsigned style) {
     shown.push_back({prompt, title, style});
-    if (answers.empty()) {
-        ADD_FAILURE() << "unexpected message box: " << prompt;
-        return box::Ok;
-    }
+    if (answers.empty()) return ADD_FAILURE() << "unexpected message box: " << prompt, box::Ok;
     const int answer = answers.front();
     answers.pop_front();
     return answer;

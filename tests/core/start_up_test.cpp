@@ -1,17 +1,14 @@
 // The start-up over in-memory files: the paths, the run mode of the command line with its refusals, the settings
-// applied to the windows and the run, and a Data folder that cannot be written.
+// applied to the windows and the run.
 #include <gtest/gtest.h>
 
 #include "avshell/scanner_choice_form.h"
-#include "core/settings_store.h"
 #include "core/settings_text.h"
-#include "core/write_failures.h"
 #include "shutdown/secure_shut_down.h"
 #include "tests/core/fakes.h"
 #include "ui/application.h"
 #include "ui/load_settings.h"
 #include "ui/main_window.h"
-#include "ui/settings_actions.h"
 
 namespace tv {
 namespace {
@@ -29,8 +26,7 @@ struct Start {
         os.files.folders.insert("C:\\TARVELON\\DATA");
         os.files.put(kSettings, std::move(text));
     }
-    // No data file: the first-run question comes on the plain name and again on the chosen algorithm's; both are
-    // refused.
+    // No data file: the first-run question on the plain name and again on the chosen algorithm's, both refused.
     void refuseFirstRunTwice() { os.boxes.answers.insert(os.boxes.answers.end(), {box::No, box::Ok, box::No, box::Ok}); }
     bool reload() { return ui::loadSettings(ctx, app.mainForm(), app.scannerChoice()); }
 
@@ -77,21 +73,19 @@ TEST(StartUp, CommandLineChoosesTheRunModeAndRefusesSwitchesWithoutABaseline) {
         EXPECT_EQ(run.os.boxes.shown.size(), c.baseline || unwatched ? 0u : *c.refusal ? 5u : 4u);
         if (*c.refusal) EXPECT_EQ(run.os.boxes.shown.back().prompt + "|" + run.os.boxes.shown.back().title,
                                   c.refusal + std::string("|TarvelonLow"));
-        EXPECT_EQ(run.os.loop.quitCalled, std::string(c.shown) == "none");
-        EXPECT_EQ(run.main.visible(), std::string(c.shown) == "main");
-        EXPECT_EQ(run.app.secureShutDown().frmLogoff.visible(), std::string(c.shown) == "dialog");
+        EXPECT_EQ(std::string(run.os.loop.quitCalled ? "none" : "") + (run.main.visible() ? "main" : "") +
+                      (run.app.secureShutDown().frmLogoff.visible() ? "dialog" : ""), c.shown);
         if (!unwatched) continue;
         const std::string report = *run.os.files.content(run.ctx.unseenReport);
         EXPECT_TRUE(report.starts_with("Unattended Run - Tarvelon did not wait for an answer to these messages,"
-                                       "This is your first time using Tarvelon."));
-        EXPECT_NE(report.find(",Perform scan now?,Tarvelon answered: No,You have chosen not"), std::string::npos);
-        EXPECT_TRUE(report.ends_with(
-            ",Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.,Closing.\r\n"));
+                                       "This is your first time using Tarvelon.")) << report;
+        EXPECT_TRUE(report.find(",Perform scan now?,Tarvelon answered: No,You have chosen not") != std::string::npos &&
+                    report.ends_with(",Cannot run Scheduled Scan.  Primary Full Scan has not yet been completed.,Closing.\r\n"));
         EXPECT_FALSE(run.os.files.content(kBaseline));  // no baseline made unasked
     }
 }
 
-TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValuesAndAnUnreadableOneKeepsThem) {
+TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValues) {
     Start run;
     run.refuseFirstRunTwice();
     run.app.load();
@@ -101,27 +95,6 @@ TEST(StartUp, FreshFolderGivesThePathsAndTheNewFilesValuesAndAnUnreadableOneKeep
               std::make_tuple(65536, 500, std::string("crc32"), std::string("\"")));
     EXPECT_TRUE(run.main.Frame2.shown());
     EXPECT_TRUE(run.os.files.content(kSettings)->starts_with("[Tarvelon]\r\nsettings=0,0,0,0,0,0,0,0\r\n"));
-
-    Start locked;  // an unreadable settings file: the settings keep their former state
-    locked.settings("[Tarvelon]\r\nalgo=md5\r\n");
-    locked.os.files.locked.insert("C:\\TARVELON\\DATA\\TARVELON.DAT");
-    locked.refuseFirstRunTwice();
-    locked.app.load();
-    EXPECT_TRUE(locked.ctx.algoName.empty() && locked.main.visible());
-}
-
-// The first-run question comes for the chosen algorithm's data file only, and only its baseline counts.
-TEST(StartUp, BaselineOfTheChosenAlgorithmIsLoadedAndNoOtherCounts) {
-    for (const bool own : {false, true}) {
-        Start run;
-        run.settings("[Tarvelon]\r\nalgo=md5\r\n");
-        run.os.files.put(kBaseline, "[DLL]\r\nA.DLL=1*E\r\nNULL*E\r\n");
-        if (own) run.os.files.put("C:\\Tarvelon\\Data\\Integrity-md5.dat", "[DLL]\r\nA.DLL=2*E\r\nNULL*E\r\n");
-        run.os.boxes.answers = {box::No, box::Ok};
-        run.app.load();
-        EXPECT_EQ(run.os.boxes.shown.size(), own ? 0u : 2u);
-        if (own) EXPECT_EQ(run.ctx.section.text[0].entry("A.DLL"), "2");
-    }
 }
 
 TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
@@ -144,20 +117,11 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
                                        s.Text2.caption(); };
     EXPECT_EQ(scanners(), "C:\\AV\\scan.exe|/all /quiet,C:\\Two\\two.exe|");
 
-    // Shorter lists leave the rest as it was; a scanner without "|" keeps the program and takes the whole text as its
-    // arguments.
-    run.settings("settings=0,1\r\nsettings2=0\r\nadvanced=262144\r\nantivirus=  plain.exe  \r\nalgo=md4\r\n");
-    ASSERT_TRUE(run.reload());
-    EXPECT_EQ(std::make_tuple(w.Check2.value(), w.Check3.value(), w.Check7.value(), w.Check17.value(),
-                              run.ctx.readBuffer, run.ctx.passCount),
-              std::make_tuple(0, 1, 1, 1, 262144, 99999));
-    EXPECT_EQ(scanners(), "C:\\AV\\scan.exe|plain.exe,C:\\Two\\two.exe|");
-
     // A value that is no number ends the load there.
     run.ctx.autoScanFailed = false;
     run.settings("settings=1,1,1,1,1,1,1,1\r\nadvanced=big,50,0\r\nalgo=md5\r\n");
     EXPECT_FALSE(run.reload());
-    EXPECT_TRUE(w.Check2.value() == 1 && !run.ctx.autoScanFailed && run.ctx.algoName == "md4");
+    EXPECT_TRUE(w.Check3.value() == 1 && !run.ctx.autoScanFailed && run.ctx.algoName == "SHA1");
 
     // Auto-Load is ticked while its shortcut is there; with no Startup folder of its own, below Programs.
     run.settings(newSettingsFileText());
@@ -167,59 +131,6 @@ TEST(LoadSettings, SettingsReachControlsAndValuesInTheirOrder) {
     run.os.files.put("C:\\Programs\\StartUp\\Tarvelon.lnk", "link");
     run.reload();
     EXPECT_EQ(w.Check1.value(), 1);
-}
-
-// A Data folder that cannot be written: the first scan that could never be saved ends the start with one message (the
-// start without a Data folder is the installer scenario's).
-TEST(StartUp, FirstScanThatCouldNotBeSavedEndsTheStart) {
-    Start run;
-    run.settings(newSettingsFileText());  // made by someone who may
-    run.os.files.folders.insert("C:\\TARVELON\\DATA\\LOG");
-    run.os.files.locked.insert("C:\\TARVELON\\DATA\\INTEGRITY.DAT");
-    run.os.boxes.answers = {box::Yes, box::Ok};
-    run.app.load();
-    ASSERT_EQ(run.os.boxes.shown.size(), 2u);  // the first-run question once, then why it cannot be
-    EXPECT_TRUE(run.os.boxes.shown[1].prompt.starts_with(
-        "Tarvelon cannot write to its Data folder:\r\nC:\\Tarvelon\\Data\\\r\n"));
-    EXPECT_TRUE(run.app.ended() && !run.ctx.primaryScan);  // no scan that could never be saved
-}
-
-// A write that fails later is told once per file, and the save does not claim success. Settings and the snapshot
-// through a profile writer that refuses every write.
-struct RefusingProfiles final : ProfileFiles {
-    std::string get(const std::string&, const std::string&, std::size_t, const std::string&) const override {
-        return {};
-    }
-    bool put(const std::string&, const std::string&, const std::string&, const std::string&) override {
-        return false;
-    }
-    std::vector<std::string> sectionNames(const std::string&) const override { return {}; }
-    bool addSection(const std::string&, const std::string&) override { return false; }
-};
-
-TEST(FailedWrites, EachFileIsToldOnceAndTheSaveClaimsNoSuccess) {
-    test::FakePlatform os;
-    RefusingProfiles profiles;
-    AppContext ctx{{os.files, profiles, os.shell, os.boxes, os.processes, os.loop, os.renderer, os.registry, os.clock,
-                    os.windows, os.power, os.shortcuts}};
-    test::prepareProgramFolder(os, ctx, {});
-    ui::MainWindow window;
-    ui::SettingsActions actions{ctx, window, [] {}, [] {}};
-    os.boxes.answers = {box::Ok, box::Ok};
-    window.settings.cSave.userClick();
-    window.settings.cSave.userClick();
-    writeEntry(ctx, ctx.appPath + "Data\\Registry.dat", "Run", " (x.exe)", "LM/R");
-    ASSERT_EQ(os.boxes.shown.size(), 2u);
-    for (int i : {0, 1})
-        EXPECT_TRUE(os.boxes.shown[i].prompt.starts_with(std::string("Tarvelon could not write\r\nC:\\Tarvelon\\Data\\") +
-                                                        (i ? "Registry" : "Tarvelon") + ".dat\r\n"));
-    EXPECT_EQ(ctx.failedWrites, 5);
-
-    ctx.unattended = true;  // nobody there: counted, never shown
-    reportFailedWrite(ctx, ctx.appPath + "Data\\Integrity.dat");
-    showUnwritableData(ctx);
-    EXPECT_EQ(os.boxes.shown.size(), 2u);
-    EXPECT_EQ(ctx.failedWrites, 6);
 }
 
 }  // namespace

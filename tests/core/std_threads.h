@@ -2,8 +2,8 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <mutex>
+#include <semaphore>
 #include <thread>
 
 #include "platform/threads.h"
@@ -12,8 +12,8 @@ namespace tv::test {
 
 class StdThreads final : public Threads {
 public:
-    int processors = 2;
-    int processorCount() const override { return processors; }
+    int started = 0;  // threads started so far
+    int processorCount() const override { return 2; }
 
     std::unique_ptr<Mutex> makeMutex() override {
         struct StdMutex final : Mutex {
@@ -26,20 +26,11 @@ public:
 
     std::unique_ptr<Semaphore> makeSemaphore() override {
         struct Counted final : Semaphore {
-            std::mutex m;
-            std::condition_variable cv;
-            int count = 0;
-            void release(int n) override {
-                std::lock_guard hold(m);
-                count += n;
-                cv.notify_all();
-            }
+            std::counting_semaphore<> count{0};
+            void release(int n) override { count.release(n); }
             bool wait(unsigned ms) override {
-                std::unique_lock hold(m);
-                const auto ready = [this] { return count > 0; };
-                if (ms == kForever) cv.wait(hold, ready);
-                else if (!cv.wait_for(hold, std::chrono::milliseconds(ms), ready)) return false;
-                --count;
+                if (ms != kForever) return count.try_acquire_for(std::chrono::milliseconds(ms));
+                count.acquire();
                 return true;
             }
         };
@@ -48,11 +39,11 @@ public:
 
     std::unique_ptr<Thread> start(std::function<void()> body) override {
         struct Joined final : Thread {
-            std::thread t;
-            ~Joined() override { t.join(); }
+            std::jthread t;
         };
         auto thread = std::make_unique<Joined>();
-        thread->t = std::thread(std::move(body));
+        thread->t = std::jthread(std::move(body));
+        ++started;
         return thread;
     }
 };

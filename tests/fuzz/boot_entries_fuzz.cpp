@@ -1,10 +1,11 @@
-// Registry commands and pending boot operations of any bytes: the file a command names, and the files of wininit.ini
-// and of the pending rename value.
+// Registry commands and pending boot operations of any bytes: the file a command names, the program a command line
+// starts, and the files of wininit.ini and of the pending rename value.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>
 
 #include "core/text.h"
+#include "platform/command_program.h"
 #include "regwatch/file_path_cut.h"
 #include "regwatch/pending_boot.h"
 
@@ -23,6 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                               cut.path.compare(cut.path.size() - cut.text.size(), cut.text.size(), cut.text) != 0))
         __builtin_trap();
     if (cut.found && !bare && (asked != 0 || cut.path.find('.') == std::string::npos)) __builtin_trap();
+    // With every file there: the quoted text or a beginning of the line, whose name has an extension.
+    const std::string program = tv::programOfCommandLine(entry, [](const std::string&) { return true; });
+    const std::string name = program.substr(program.find_last_of("\\/:") + 1);
+    if (!program.empty() && (entry.find(program) > 1 || name.find('.') == std::string::npos || name.back() == '.'))
+        __builtin_trap();
 
     const std::string wininit = in.ConsumeRandomLengthString(4000);
     std::size_t lines = 0;

@@ -9,8 +9,7 @@
 
 namespace {
 
-// Tricky pieces and raw bytes. A name one short of the longest the index orders by: with one more piece a key or a
-// line reaches past it.
+// Tricky pieces and raw bytes; a name one short of the longest the index orders by, which one more piece passes.
 std::string text(FuzzedDataProvider& in, int maxPieces) {
     static const std::string kLong(tv::BaselineBlock::kLongestIndexedKey - 1, 'K');
     static const std::string kPieces[] = {"[DLL]", "\r\n", "NULL*E", "null*e", "=", "*E", "*e", "[", "]",

@@ -1,6 +1,5 @@
-// Task definitions and multi-entry values of any bytes: the XML and .job
-// readers never run past their input, and a value's entries added and
-// removed account for the change of its entry count.
+// Task definitions and multi-entry values of any bytes: the XML and .job readers never run past their input, and a
+// value's entries added and removed account for the change of its entry count.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <string>

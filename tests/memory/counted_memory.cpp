@@ -48,8 +48,7 @@ void operator delete[](void* user, const std::nothrow_t&) noexcept { give(user);
 
 namespace tv::test {
 
-std::size_t heldBytes() { return held.load(); }
 std::size_t peakHeldBytes() { return peak.load(); }
-void startPeak() { peak.store(held.load()); }
+std::size_t startPeak() { return peak = held.load(); }
 
 }  // namespace tv::test
