@@ -43,8 +43,6 @@ tally "${PIPESTATUS[0]}"
 if build native; then
     echo "== native unit tests (ASan/UBSan)"
     run_ctest native 'tests passed|\*\*\*Failed|FAILED|Failure' --test-dir build/native -j "$jobs"
-fi
-if build fuzz; then
     echo "== fuzzing the data-file loader and the baseline look-ups (ASan/UBSan)"
     while read -r line; do
         echo "$line"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs every fuzz target of build/fuzz for FUZZ_SECONDS (default 15) each, as many at
+# Runs every fuzz target of build/native for FUZZ_SECONDS (default 15) each, as many at
 # once as there are cores; one line per target; non-zero when any found something.
 set -uo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -13,6 +13,6 @@ fuzz_one() {  # target
         { echo "fuzz $name: FAILED"; tail -n 40 log; } >result
 }
 export -f fuzz_one
-printf '%s\0' "$root"/build/fuzz/tests/fuzz/*_fuzz | xargs -0 -n 1 -P "$(nproc)" bash -c 'fuzz_one "$1"' _
+printf '%s\0' "$root"/build/native/tests/fuzz/*_fuzz | xargs -0 -n 1 -P "$(nproc)" bash -c 'fuzz_one "$1"' _
 cat "$work"/*/result
 ! grep -q ': FAILED' "$work"/*/result

@@ -151,8 +151,7 @@ build_preset_locked() {  # preset log
 
 preset_of() {  # level
     case $1 in
-        native) echo native ;;
-        fuzz:*) echo fuzz ;;
+        native | fuzz:*) echo native ;;
         *) echo win64 ;;
     esac
 }
@@ -216,9 +215,9 @@ run_level() {  # level log failures
             rm -f "$log.one" ;;
         fuzz:*)
             target=${level#fuzz:}
-            [ -x "$tree/build/fuzz/tests/fuzz/$target" ] || { echo "no fuzz target $target" >>"$log"; return 1; }
+            [ -x "$tree/build/native/tests/fuzz/$target" ] || { echo "no fuzz target $target" >>"$log"; return 1; }
             dir=$(mktemp -d)
-            (cd "$dir" && "$tree/build/fuzz/tests/fuzz/$target" -seed=1 -max_total_time="$fuzz_seconds" \
+            (cd "$dir" && "$tree/build/native/tests/fuzz/$target" -seed=1 -max_total_time="$fuzz_seconds" \
                 -print_final_stats=1) >>"$log" 2>&1 || echo "$target" >"$failures"
             rm -rf "$dir" ;;
         win:* | e2e:*)
