@@ -40,7 +40,7 @@ if [ "$part" == all ]; then
     cmake --preset bench >"$out/build.log" 2>&1 && cmake --build --preset bench -j "$(nproc)" >>"$out/build.log" 2>&1
 fi
 cmake --preset win64 >>"$out/build.log" 2>&1 &&
-    cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench regwatch_bench autostart_bench >>"$out/build.log" 2>&1
+    cmake --build --preset win64 -j "$(nproc)" --target checksum_bench scan_bench regwatch_bench autostart_bench file_cost_bench >>"$out/build.log" 2>&1
 
 small=$data/small
 if [ "$part" != regwatch ] && [ "$part" != places ]; then
@@ -85,6 +85,12 @@ ours() {  # algorithm, buffer, target (folder ends in /)[, workers, extension]
     target=$(winpath "$(realpath "$3")")
     [[ $3 == */ ]] && target+='\'
     "${on[@]}" wine "$out/../win64/bench/checksum_bench.exe" "$1" "$2" "$runs" "$target" "${@:4}" 2>/dev/null | tr -d '\r'
+}
+
+# Median seconds of the least a Windows program pays to read the small files.
+file_cost() {  # threads
+    "${on[@]}" wine "$out/../win64/bench/file_cost_bench.exe" "$(winpath "$(realpath "$data/small")")\\" "$1" "$runs" 2>/dev/null |
+        tr -d '\r' | sed -n 's/.*median=\([0-9.]*\).*/\1/p'
 }
 
 # Peer's median seconds, from hyperfine's export.
@@ -213,6 +219,8 @@ cores_section() {
     c[small_cat]=$(peer small_cat_cores xargs -a "$data/small.list" cat)
     c[small]=$(ours CRC32 65536 "$data/small/" -1 .DLL | sed 's/median=\([0-9.]*\).*/\1/')
     c[small0]=$(ours CRC32 65536 "$data/small/" 0 .DLL | sed 's/median=\([0-9.]*\).*/\1/')
+    c[floor1]=$(file_cost 1)
+    c[floor2]=$(file_cost "$processors")
     c[primary2000]=$(primary_scan 2000 5)
     c[primary20000]=$(primary_scan 20000 3)
     on=("${pin[@]}")
@@ -230,6 +238,8 @@ cores_section() {
     echo "| xargs cat, 20,000 small files | ${c[small_cat]} |"
     echo "| the checksums of a pass, CRC-32, 20,000 small files | ${c[small]} |"
     echo "| the same with no worker | ${c[small0]} |"
+    echo "| open, read and close alone, 20,000 small files, 1 thread | ${c[floor1]} |"
+    echo "| the same on $processors threads | ${c[floor2]} |"
     echo "| primary full scan, 2,000 files | ${c[primary2000]} |"
     echo "| primary full scan, 20,000 files | ${c[primary20000]} |"
     echo
@@ -239,6 +249,7 @@ cores_section() {
     echo "- log-on check MD5 / md5deep -r: $(ratio "${c[logon]}" "${c[md5deep]}")"
     echo "- 1 worker / $processors workers: $(ratio "${c[logon1]}" "${c[logon]}") (at least 1.6)"
     echo "- 20,000 small files, CRC-32 / xargs cat: $(ratio "${c[small]}" "${c[small_cat]}") (at most 1.5)"
+    echo "- the floor under Wine, open, read and close alone on $processors threads / xargs cat: $(ratio "${c[floor2]}" "${c[small_cat]}")"
     echo "- primary full scan, 20,000 / 2,000 files: $(ratio "${c[primary20000]}" "${c[primary2000]}") (at most 12)"
 }
 
