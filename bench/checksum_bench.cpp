@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/folder_files.h"
 #include "core/app_context.h"
 #include "hash/checksum.h"
 #include "integrity/pass_walk.h"
@@ -22,15 +23,7 @@ namespace {
 // The files of a folder in the system's order, or the one file named.
 std::vector<std::string> targets(const std::string& where) {
     if (where.empty() || where.back() != '\\') return {where};
-    std::vector<std::string> files;
-    WIN32_FIND_DATAA found;
-    HANDLE search = ::FindFirstFileA((where + "*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return files;
-    do {
-        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) files.push_back(where + found.cFileName);
-    } while (::FindNextFileA(search, &found));
-    ::FindClose(search);
-    return files;
+    return tv::bench::filesOf(where);
 }
 
 double seconds(LARGE_INTEGER from, LARGE_INTEGER to) {

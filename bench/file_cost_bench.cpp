@@ -13,21 +13,10 @@
 #include <thread>
 #include <vector>
 
+#include "bench/folder_files.h"
 #include "bench/timing.h"
 
 namespace {
-
-std::vector<std::string> filesOf(const std::string& folder) {
-    std::vector<std::string> files;
-    WIN32_FIND_DATAA found;
-    HANDLE search = ::FindFirstFileA((folder + "*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return files;
-    do {
-        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) files.push_back(folder + found.cFileName);
-    } while (::FindNextFileA(search, &found));
-    ::FindClose(search);
-    return files;
-}
 
 // Every thread-th file from the first-th on, each read whole.
 void readEach(const std::vector<std::string>& files, std::size_t first, std::size_t threads) {
@@ -50,7 +39,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: file_cost_bench <folder\\> <threads> <repetitions>\n");
         return 2;
     }
-    const std::vector<std::string> files = filesOf(argv[1]);
+    const std::vector<std::string> files = tv::bench::filesOf(argv[1]);
     const std::size_t threads = std::max(1, std::atoi(argv[2]));
     std::vector<double> times;
     for (int run = 0; run < std::atoi(argv[3]); ++run) {
