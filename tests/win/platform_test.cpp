@@ -308,12 +308,12 @@ TEST(AppWatchWindows, TopWindowsAsTheSystemHasThem) {
     std::thread owner([&] {
         stuck = makeWindow("Tarvelon Test Stuck");
         ::SetEvent(made);
-        ::WaitForSingleObject(release, INFINITE);  // no message loop meanwhile
+        ::WaitForSingleObject(release, 20000);  // no message loop meanwhile
         MSG message;
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageA(&message);
         ::DestroyWindow(stuck);
     });
-    ::WaitForSingleObject(made, INFINITE);
+    ::WaitForSingleObject(made, 20000);
     impatient.askToClose(number(stuck));
     EXPECT_TRUE(::IsWindow(stuck));
     ::SetEvent(release);
