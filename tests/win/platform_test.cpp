@@ -18,6 +18,7 @@
 #include "platform/win32/dll_search.h"
 #include "platform/win32/win32_base.h"
 #include "tests/win/win_fixture.h"
+#include "ui/main_actions.h"
 #include "ui/main_window.h"
 #include "ui/settings_actions.h"
 #include "ui/shortcut_maker.h"
@@ -261,6 +262,27 @@ TEST_F(OptionsPage, ShortcutsHoldTheirPartsAndNoneIsMadeOrRemovedWhereTheSystemR
     }
     ::SetFileAttributesA(path("Tarvelon.lnk").c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(readFile("Tarvelon.lnk") + std::to_string(boxes.shown.size()), "kept2");
+}
+
+// The update utility, where its set-up recorded its folder, is started for this
+// product; one that does not start ends the action without a word.
+TEST_F(OptionsPage, InstalledUpdateUtilityStartsMinimisedForThisProduct) {
+    const char* utilityKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Orbexa_is1";
+    const std::string folder = "C:\\Program Files\\Orbexa";
+    HKEY key = nullptr;
+    ASSERT_EQ(::RegCreateKeyExA(HKEY_LOCAL_MACHINE, utilityKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr), 0);
+    ::RegSetValueExA(key, "Inno Setup: App Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(folder.c_str()),
+                     static_cast<DWORD>(folder.size() + 1));
+    ::RegCloseKey(key);
+    ui::MainWindow window;
+    ui::MainActions actions{ctx, window, [] {}};
+    window.options.cUpdates.userClick();
+    processes.refuse = true;
+    window.options.cUpdates.userClick();
+    ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, utilityKey);
+    EXPECT_EQ(processes.started, (std::vector<std::pair<std::string, int>>{
+                                     {"C:\\Program Files\\Orbexa\\Orbexa.exe Tarvelon2", show::MinimizedFocus}}));
+    EXPECT_TRUE(boxes.shown.empty());
 }
 
 // AppWatch's window calls over windows of the test's own: one brought to the top,
