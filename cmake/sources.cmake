@@ -72,6 +72,7 @@ set(TARVELON_CORE_SOURCES
   regwatch/task_definitions.cpp
   regwatch/value_entries.cpp
   platform/command_program.cpp
+  platform/registry.cpp
   regwatch/watched_locations.cpp
   shutdown/logoff_dialog.cpp
   shutdown/logoff_form.cpp

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tv {
 
@@ -31,6 +32,11 @@ struct RegText {
     bool operator==(const RegText&) const = default;
 };
 
+// Two parts of a key path or an entry's name, joined by `separator`: exact
+// where either part is. The program's own parts (the watched keys, the value
+// names it asks for) are plain ASCII, the same in the code page and in UTF-16.
+RegText joinedRegText(const RegText& front, std::string_view separator, const RegText& back);
+
 // On a 64-bit system a key can exist twice: in the 64-bit view and in the
 // 32-bit one (where 32-bit installers write). Native is the program's own.
 enum class RegView { Native, Other };
@@ -55,11 +61,12 @@ public:
     // reading into `key`; on failure `key` becomes 0, as the system leaves
     // the handle, so that no stale handle is used afterwards. The other view
     // opens only where it is a key of its own: where the system has one view,
-    // or both views share the key, the answer is 2 (not found).
-    virtual long openKey(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access,
-                         Key& key) = 0;
-    // The name of sub-key number `index`, written into `buffer`, whose length is the size offered.
-    virtual long enumKey(Key key, std::uint32_t index, std::string& buffer) = 0;
+    // or both views share the key, the answer is 2 (not found). A path that
+    // holds a name the code page cannot spell opens by its exact form.
+    virtual long openKey(std::uint32_t root, const RegText& subKey, RegView view, RegAccess access, Key& key) = 0;
+    // The name of sub-key number `index`, exactly as the registry holds it;
+    // 259 behind the last.
+    virtual long enumKey(Key key, std::uint32_t index, RegText& name) = 0;
     // The name of value number `index`, whatever its length; 259 behind the last.
     virtual long enumValue(Key key, std::uint32_t index, RegText& name) = 0;
     // The value's type and data in full, whatever their length. On failure

@@ -5,11 +5,9 @@
 namespace tv {
 namespace {
 
-constexpr std::size_t kKeyNameChars = 256;
-
 class ReadKey {
 public:
-    ReadKey(Registry& registry, std::uint32_t hive, const std::string& path, RegView view) : registry_(registry) {
+    ReadKey(Registry& registry, std::uint32_t hive, const RegText& path, RegView view) : registry_(registry) {
         open_ = registry.openKey(hive, path, view, RegAccess::Read, key_) == 0;
     }
     ~ReadKey() {
@@ -19,22 +17,10 @@ public:
     ReadKey& operator=(const ReadKey&) = delete;
     bool open() const { return open_; }
 
-    std::vector<std::string> subKeys() const {
-        std::vector<std::string> names;
-        for (std::uint32_t index = 0;; ++index) {
-            std::string buffer(kKeyNameChars, '\0');
-            if (registry_.enumKey(key_, index, buffer) != 0) return names;
-            names.push_back(buffer.substr(0, buffer.find('\0')));
-        }
-    }
-    std::vector<RegText> valueNames() const {
-        std::vector<RegText> names;
-        for (std::uint32_t index = 0;; ++index) {
-            RegText name;
-            if (registry_.enumValue(key_, index, name) != 0) return names;
-            names.push_back(std::move(name));
-        }
-    }
+    // Sub-keys and values by their exact names: a name the code page cannot
+    // spell must neither hide an entry nor point at another key.
+    std::vector<RegText> subKeys() const { return names(&Registry::enumKey); }
+    std::vector<RegText> valueNames() const { return names(&Registry::enumValue); }
     std::optional<std::string> text(const RegText& name) const {
         RegValue value;
         if (registry_.queryValue(key_, name, value) != 0) return std::nullopt;
@@ -42,6 +28,15 @@ public:
     }
 
 private:
+    std::vector<RegText> names(long (Registry::*list)(Registry::Key, std::uint32_t, RegText&)) const {
+        std::vector<RegText> names;
+        for (std::uint32_t index = 0;; ++index) {
+            RegText name;
+            if ((registry_.*list)(key_, index, name) != 0) return names;
+            names.push_back(std::move(name));
+        }
+    }
+
     Registry& registry_;
     Registry::Key key_ = 0;
     bool open_ = false;
@@ -54,34 +49,37 @@ public:
           view_(viewBits == 0 ? RegView::Native : RegView::Other), out_(out) {}
 
     void read(const AutostartPlace& place) {
-        ReadKey key(registry_, hive_, place.keyPath, view_);
+        const RegText keyPath(place.keyPath);
+        ReadKey key(registry_, hive_, keyPath, view_);
         if (!key.open()) return;
         out_.opened = true;
-        if (place.reach == Reach::Key) return readKey(place, key, place.keyPath, "");
-        for (const std::string& sub : key.subKeys()) {
-            const std::string path = std::string(place.keyPath) + "\\" + sub;
+        if (place.reach == Reach::Key) return readKey(place, key, keyPath, RegText());
+        for (const RegText& sub : key.subKeys()) {
+            const RegText path = joinedRegText(keyPath, "\\", sub);
             if (place.meaning == ValueMeaning::SubKeyClassId) {
-                add(place, RegText(sub), serverOf(sub), EntrySplit::Whole, path, RegText());
+                add(place, sub, serverOf(sub), EntrySplit::Whole, path, RegText());
                 continue;
             }
-            const std::string below = *place.subPath ? path + "\\" + place.subPath : path;
+            // "explorer.exe", "{id}\InprocServer32": the sub-key and the path below it.
+            const RegText prefix = *place.subPath ? joinedRegText(sub, "\\", RegText(place.subPath)) : sub;
+            const RegText below = joinedRegText(keyPath, "\\", prefix);
             ReadKey subKey(registry_, hive_, below, view_);
-            if (subKey.open()) readKey(place, subKey, below, below.substr(std::string(place.keyPath).size() + 1));
+            if (subKey.open()) readKey(place, subKey, below, prefix);
         }
     }
 
 private:
-    // `prefix` names a sub-key's entries: "explorer.exe", "{id}\InprocServer32".
-    void readKey(const AutostartPlace& place, const ReadKey& key, const std::string& path, const std::string& prefix) {
+    // `prefix` names a sub-key's entries.
+    void readKey(const AutostartPlace& place, const ReadKey& key, const RegText& path, const RegText& prefix) {
         const auto entryName = [&prefix](const RegText& valueName) {
             if (prefix.empty()) return valueName;
-            return RegText(valueName.text.empty() ? prefix : prefix + "\\" + valueName.text);
+            return valueName.empty() ? prefix : joinedRegText(prefix, "\\", valueName);
         };
         if (place.values.empty()) {
             for (const RegText& name : key.valueNames()) {
                 const auto text = key.text(name);
                 if (!text) continue;
-                add(place, entryName(name), place.meaning == ValueMeaning::ClassId ? serverOf(*text) : *text,
+                add(place, entryName(name), place.meaning == ValueMeaning::ClassId ? serverOf(RegText(*text)) : *text,
                     EntrySplit::Whole, path, name);
             }
             return;
@@ -92,13 +90,14 @@ private:
         }
     }
 
-    std::string serverOf(const std::string& classId) const {
-        const ReadKey server(registry_, hive::LocalMachine, kClassIdKey + classId + kServerKey, view_);
+    std::string serverOf(const RegText& classId) const {
+        const RegText path = joinedRegText(joinedRegText(RegText(kClassIdKey), "", classId), "", RegText(kServerKey));
+        const ReadKey server(registry_, hive::LocalMachine, path, view_);
         const auto dll = server.open() ? server.text(RegText()) : std::nullopt;
-        return dll && !dll->empty() ? *dll : classId;
+        return dll && !dll->empty() ? *dll : classId.text;
     }
 
-    void add(const AutostartPlace& place, RegText name, std::string value, EntrySplit split, const std::string& path,
+    void add(const AutostartPlace& place, RegText name, std::string value, EntrySplit split, const RegText& path,
              RegText valueName) {
         out_.entries.push_back(
             {std::move(name), std::move(value), split, {hive_, path, viewBits_, std::move(valueName), place.removal}});

@@ -5,7 +5,6 @@
 namespace tv {
 namespace {
 
-constexpr std::size_t kKeyNameBuffer = 256;
 constexpr std::uint32_t kLastIndex = 32767;  // the listings count in 16 bits
 
 // Lists entries until the call fails; an index beyond the 16-bit counter
@@ -25,7 +24,7 @@ std::vector<Name> listUntilFailure(Fetch fetch) {
 
 RegClass::~RegClass() { registry_.closeKey(key_); }
 
-bool RegClass::openRegistry(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access) {
+bool RegClass::openRegistry(std::uint32_t root, const RegText& subKey, RegView view, RegAccess access) {
     if (root == 0) {
         open_ = false;
         return false;
@@ -44,9 +43,9 @@ bool RegClass::openRegistry(std::uint32_t root, const std::string& subKey, RegVi
 std::vector<std::string> RegClass::getAllSubDirectories() {
     if (!open_) return {};
     return listUntilFailure<std::string>([this](std::uint32_t index, std::string& name) {
-        std::string buffer(kKeyNameBuffer, ' ');
-        if (registry_.enumKey(key_, index, buffer) != 0) return false;
-        name = cutAtNul(buffer);
+        RegText found;
+        if (registry_.enumKey(key_, index, found) != 0) return false;
+        name = std::move(found.text);
         return true;
     });
 }

@@ -26,11 +26,15 @@ public:
     std::vector<RegText> getAllValues();
     RegText getValue(const RegText& name);
     std::uint32_t registryRootKey() const { return root_; }
-    const std::string& subDirectory() const { return subKey_; }
+    const std::string& subDirectory() const { return subKey_.text; }
     // All access unless told otherwise; the other view opens only where it
     // is a key of its own (see Registry::openKey).
-    bool openRegistry(std::uint32_t root, const std::string& subKey, RegView view = RegView::Native,
+    bool openRegistry(std::uint32_t root, const RegText& subKey, RegView view = RegView::Native,
                       RegAccess access = RegAccess::All);
+    bool openRegistry(std::uint32_t root, const std::string& subKey, RegView view = RegView::Native,
+                      RegAccess access = RegAccess::All) {
+        return openRegistry(root, RegText(subKey), view, access);
+    }
     // Removes the value `name` (never a key, whatever the name says); always false.
     bool deleteKey(const RegText& name);
     bool closeRegistry();
@@ -38,7 +42,7 @@ public:
 private:
     Registry& registry_;
     std::uint32_t root_ = 0;
-    std::string subKey_;
+    RegText subKey_;
     Registry::Key key_ = 0;
     bool open_ = false;
 };

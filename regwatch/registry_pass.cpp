@@ -96,7 +96,7 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
         const RegText value = reg.getValue(name);
         if (!value.spelledExactly() || !isDefaultOpenCommand(value.text)) {
             RegText stored = storedTextOf(value);
-            const ValuePlace place{root.hive, location.keyPath, viewBits, name, location.removal()};
+            const ValuePlace place{root.hive, RegText(location.keyPath), viewBits, name, location.removal()};
             // The tree shows the name as the registry has it; a second value
             // with the same text in the group's location gets no node.
             if (tree.addNode(locationKey, valueNodeKey(location.groupIndex, suffix, stored.text), name.text + stored.text))

@@ -136,7 +136,7 @@ void RegWatchActions::deleteKey() {
     const WatchedRoot* root = watchedRootOf(place.hive);
     if (!root) return;
     const std::string question = "WARNING!\r\nYou are about to Delete the key: " + shownName(place.name) +
-                                 "\r\nFrom: " + rootTextOf(*root, place.viewBits) + "\\" + place.keyPath +
+                                 "\r\nFrom: " + rootTextOf(*root, place.viewBits) + "\\" + shownName(place.keyPath) +
                                  "\r\nDoing this may have unpredictable results!\r\n\r\nContinue?";
     if (ctx_.os.boxes.show(question, kAppTitle, box::YesNo) == box::No) return;
     RegClass reg(ctx_.os.registry);

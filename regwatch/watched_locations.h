@@ -83,7 +83,7 @@ std::string rootTextOf(const WatchedRoot& root, int viewBits);
 // view and name, and what Delete Key does with it.
 struct ValuePlace {
     std::uint32_t hive = 0;
-    std::string keyPath;
+    RegText keyPath;  // exactly as the registry holds it
     int viewBits = 0;
     RegText name;  // exactly as the registry holds it
     Removal removal = Removal::NotAValue;

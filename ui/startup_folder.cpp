@@ -16,7 +16,7 @@ constexpr std::uint32_t kPathChars = 260;
 // opening it asks for all access, which only an administrator is given.
 std::string installLocation(Registry& registry, const std::string& entry) {
     Registry::Key key = 0;
-    if (registry.openKey(hive::LocalMachine, kUninstallKey + entry, RegView::Native, RegAccess::All, key) != 0)
+    if (registry.openKey(hive::LocalMachine, RegText(kUninstallKey + entry), RegView::Native, RegAccess::All, key) != 0)
         return {};
     RegValue value;
     const long result = registry.queryValue(key, RegText("InstallLocation"), value);

@@ -55,6 +55,8 @@ struct WideCalls {
         systemFunction<decltype(&::RegQueryValueExW)>("advapi32.dll", "RegQueryValueExW");
     decltype(&::RegDeleteValueW) deleteValue =
         systemFunction<decltype(&::RegDeleteValueW)>("advapi32.dll", "RegDeleteValueW");
+    decltype(&::RegOpenKeyExW) openKey = systemFunction<decltype(&::RegOpenKeyExW)>("advapi32.dll", "RegOpenKeyExW");
+    decltype(&::RegEnumKeyExW) enumKey = systemFunction<decltype(&::RegEnumKeyExW)>("advapi32.dll", "RegEnumKeyExW");
     decltype(&::CompareStringW) compare = systemFunction<decltype(&::CompareStringW)>("kernel32.dll", "CompareStringW");
 };
 
@@ -116,13 +118,22 @@ std::u16string keyPath(HKEY key) {
     }
 }
 
+// A path the code page spells opens through the ANSI call, as on every
+// system; one holding a name it cannot spell (read by the wide calls, so not
+// on the Windows 9x family) through the wide one.
+LONG openIn(HKEY root, const RegText& subKey, REGSAM rights, HKEY& opened) {
+    if (!subKey.spelledExactly() && wideCalls().openKey)
+        return wideCalls().openKey(root, wide(subKey.exact), 0, rights, &opened);
+    return ::RegOpenKeyExA(root, subKey.text.c_str(), 0, rights, &opened);
+}
+
 // Whether the other view's key is the native view's own, as the shared
 // parts of the registry are (HKEY_CURRENT_USER's Run key, and from Windows 7
 // on most file types). When the system cannot say, the keys count as two:
 // a key shown twice hides nothing.
-bool sharedWithNative(HKEY root, const std::string& subKey, HKEY other) {
+bool sharedWithNative(HKEY root, const RegText& subKey, HKEY other) {
     HKEY opened = nullptr;
-    if (::RegOpenKeyExA(root, subKey.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) return false;
+    if (openIn(root, subKey, KEY_QUERY_VALUE, opened) != ERROR_SUCCESS) return false;
     UniqueKey native(opened);
     const std::u16string path = keyPath(native.get());
     return !path.empty() && wideCalls().compare &&
@@ -143,8 +154,7 @@ int Win32Registry::otherViewBits() const {
 #endif
 }
 
-long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access,
-                            Key& key) {
+long Win32Registry::openKey(std::uint32_t root, const RegText& subKey, RegView view, RegAccess access, Key& key) {
     key = 0;
     REGSAM rights = access == RegAccess::All ? KEY_ALL_ACCESS : KEY_READ;
     if (view == RegView::Other) {
@@ -153,7 +163,7 @@ long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, RegVi
         rights |= bits == 32 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
     }
     HKEY opened = nullptr;
-    const LONG result = ::RegOpenKeyExA(rootOf(root), subKey.c_str(), 0, rights, &opened);
+    const LONG result = openIn(rootOf(root), subKey, rights, opened);
     if (result != ERROR_SUCCESS) return result;
     if (view == RegView::Other && sharedWithNative(rootOf(root), subKey, opened)) {
         ::RegCloseKey(opened);
@@ -163,8 +173,25 @@ long Win32Registry::openKey(std::uint32_t root, const std::string& subKey, RegVi
     return result;
 }
 
-long Win32Registry::enumKey(Key key, std::uint32_t index, std::string& buffer) {
-    return ::RegEnumKeyA(handleOf(key), index, buffer.data(), static_cast<DWORD>(buffer.size()));
+// A key's name has at most 255 characters.
+long Win32Registry::enumKey(Key key, std::uint32_t index, RegText& name) {
+    constexpr DWORD kNameChars = 256;
+    const auto enumWide = wideCalls().enumKey;
+    std::u16string units(kNameChars, u'\0');
+    DWORD length = kNameChars;
+    const LONG result = enumWide ? enumWide(handleOf(key), index, reinterpret_cast<wchar_t*>(units.data()), &length,
+                                            nullptr, nullptr, nullptr, nullptr)
+                                 : ERROR_CALL_NOT_IMPLEMENTED;
+    if (result == ERROR_CALL_NOT_IMPLEMENTED) {
+        std::string buffer(kNameChars, '\0');
+        const LONG spelled = ::RegEnumKeyA(handleOf(key), index, buffer.data(), kNameChars);
+        if (spelled == ERROR_SUCCESS) name = RegText(buffer.substr(0, buffer.find('\0')));
+        return spelled;
+    }
+    if (result != ERROR_SUCCESS) return result;
+    units.resize(length);
+    name = fromUtf16(std::move(units));
+    return result;
 }
 
 // The buffers start at what nearly every name and value fits in, and grow to

@@ -94,8 +94,8 @@ public:
 class Win32Registry final : public Registry {
 public:
     int otherViewBits() const override;
-    long openKey(std::uint32_t root, const std::string& subKey, RegView view, RegAccess access, Key& key) override;
-    long enumKey(Key key, std::uint32_t index, std::string& buffer) override;
+    long openKey(std::uint32_t root, const RegText& subKey, RegView view, RegAccess access, Key& key) override;
+    long enumKey(Key key, std::uint32_t index, RegText& name) override;
     long enumValue(Key key, std::uint32_t index, RegText& name) override;
     long queryValue(Key key, const RegText& name, RegValue& value) override;
     long deleteValue(Key key, const RegText& name) override;

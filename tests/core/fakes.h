@@ -179,8 +179,8 @@ struct RecordingHost final : ScanHost {
 // A registry in which no key can be opened.
 struct NoRegistry : Registry {
     int otherViewBits() const override { return 0; }
-    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key&) override { return 2; }  // not found
-    long enumKey(Key, std::uint32_t, std::string&) override { return 2; }
+    long openKey(std::uint32_t, const RegText&, RegView, RegAccess, Key&) override { return 2; }  // not found
+    long enumKey(Key, std::uint32_t, RegText&) override { return 2; }
     long enumValue(Key, std::uint32_t, RegText&) override { return 2; }
     long queryValue(Key, const RegText&, RegValue&) override { return 2; }
     long deleteValue(Key, const RegText&) override { return 2; }

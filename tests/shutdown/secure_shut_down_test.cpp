@@ -18,7 +18,7 @@ using Lines = std::vector<std::string>;
 // The session manager's key, whose pending renames (REG_MULTI_SZ) every query finds.
 struct PendingRenames final : test::NoRegistry {
     std::string value;
-    long openKey(std::uint32_t, const std::string&, RegView, RegAccess, Key& key) override { return key = 1, 0; }
+    long openKey(std::uint32_t, const RegText&, RegView, RegAccess, Key& key) override { return key = 1, 0; }
     long queryValue(Key, const RegText&, RegValue& read) override { return read.type = 7, read.bytes = value, 0; }
 };
 

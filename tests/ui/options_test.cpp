@@ -158,8 +158,8 @@ constexpr const char* kInstalled = "C:\\Program Files\\Tarvelon\\TarvelonLow.exe
 struct SetupEntry final : test::NoRegistry {
     std::string name, folder;
     bool administrator = true;
-    long openKey(std::uint32_t root, const std::string& subKey, RegView, RegAccess, Key& key) override {
-        const bool found = root == hive::LocalMachine && subKey == "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\" + name;
+    long openKey(std::uint32_t root, const RegText& subKey, RegView, RegAccess, Key& key) override {
+        const bool found = root == hive::LocalMachine && subKey.text == "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\" + name;
         key = found && administrator ? 7 : 0;
         return key ? 0 : found ? 5 : 2;
     }

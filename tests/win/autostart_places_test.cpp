@@ -120,5 +120,34 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
                                  kLm + "Windows Load\\AppInit_DLLs (C:\\tv\\a.dll) Entry Removed!"}));
 }
 
+TEST_F(AutostartPlacesTest, SubKeysTheCodePageCannotSpellHideNothingAndAreDeletedExactly) {
+    // Two programs' sub-keys that both read "Tv?.exe" in the code page, and a service of such a name.
+    const std::wstring hijacks = L"Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options\\";
+    const auto putWide = [](const std::wstring& key, const wchar_t* name, const std::wstring& data) {
+        HKEY made = nullptr;
+        ASSERT_EQ(::RegCreateKeyExW(LM, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &made,
+                                    nullptr), 0);
+        ::RegSetValueExW(made, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(data.c_str()),
+                         static_cast<DWORD>((data.size() + 1) * 2));
+        ::RegCloseKey(made);
+    };
+    const auto debugger = [&](const wchar_t* program) {
+        HKEY key = nullptr;
+        if (::RegOpenKeyExW(LM, (hijacks + program).c_str(), 0, KEY_READ, &key) != 0) return false;
+        const bool found = ::RegQueryValueExW(key, L"Debugger", nullptr, nullptr, nullptr, nullptr) == 0;
+        ::RegCloseKey(key);
+        return found;
+    };
+    putWide(hijacks + L"Tv\u4E2D.exe", L"Debugger", L"C:\\tv\\one.exe");
+    putWide(hijacks + L"Tv\u6587.exe", L"Debugger", L"C:\\tv\\two.exe");
+    putWide(L"System\\CurrentControlSet\\Services\\Tv\u4E2D", L"ImagePath", L"C:\\tv\\svc.exe");
+    pass.setReg();
+    EXPECT_EQ(warnings(), (Texts{kLm + "Image Hijacks\\%Tv%u4E2D.exe\\Debugger (C:\\tv\\one.exe) New Entry!",
+                                 kLm + "Image Hijacks\\%Tv%u6587.exe\\Debugger (C:\\tv\\two.exe) New Entry!",
+                                 kLm + "Services\\%Tv%u4E2D\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
+    EXPECT_EQ(deleteRow(2), question("Debugger", "HKEY_LOCAL_MACHINE\\" + kNt + "Image File Execution Options\\Tv?.exe"));
+    EXPECT_TRUE(!debugger(L"Tv\u6587.exe") && debugger(L"Tv\u4E2D.exe"));
+}
+
 }  // namespace
 }  // namespace tv::test
