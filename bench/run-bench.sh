@@ -17,7 +17,9 @@
 # Then, on both cores, the checksums on worker threads against the tools
 # that use every core: the MD5 log-on check of 100,000 files beside hashdeep
 # and md5deep over the same tree, two workers against one, the 20,000 small
-# files beside xargs cat, and the primary full scan of 2,000 and 20,000 files.
+# files beside xargs cat, the floor under Wine (open, read and close alone, on
+# one thread and on every core) of both trees, and the primary full scan of
+# 2,000 and 20,000 files.
 # Last, bench/log-bench.sh times the log browser. Every command but those of
 # the two cores runs on core 0. Results: build/bench/results.md.
 #
@@ -87,9 +89,9 @@ ours() {  # algorithm, buffer, target (folder ends in /)[, workers, extension]
     "${on[@]}" wine "$out/../win64/bench/checksum_bench.exe" "$1" "$2" "$runs" "$target" "${@:4}" 2>/dev/null | tr -d '\r'
 }
 
-# Median seconds of the least a Windows program pays to read the small files.
-file_cost() {  # threads
-    "${on[@]}" wine "$out/../win64/bench/file_cost_bench.exe" "$(winpath "$(realpath "$data/small")")\\" "$1" "$runs" 2>/dev/null |
+# Median seconds of the least a Windows program pays to read a folder's files.
+file_cost() {  # folder, threads, repetitions
+    "${on[@]}" wine "$out/../win64/bench/file_cost_bench.exe" "$(winpath "$(realpath "$1")")\\" "$2" "$3" 2>/dev/null |
         tr -d '\r' | sed -n 's/.*median=\([0-9.]*\).*/\1/p'
 }
 
@@ -219,8 +221,10 @@ cores_section() {
     c[small_cat]=$(peer small_cat_cores xargs -a "$data/small.list" cat)
     c[small]=$(ours CRC32 65536 "$data/small/" -1 .DLL | sed 's/median=\([0-9.]*\).*/\1/')
     c[small0]=$(ours CRC32 65536 "$data/small/" 0 .DLL | sed 's/median=\([0-9.]*\).*/\1/')
-    c[floor1]=$(file_cost 1)
-    c[floor2]=$(file_cost "$processors")
+    c[floor1]=$(file_cost "$data/small" 1 "$runs")
+    c[floor2]=$(file_cost "$data/small" "$processors" "$runs")
+    c[tree_floor1]=$(file_cost "$tree" 1 3)
+    c[tree_floor2]=$(file_cost "$tree" "$processors" 3)
     c[primary2000]=$(primary_scan 2000 5)
     c[primary20000]=$(primary_scan 20000 3)
     on=("${pin[@]}")
@@ -235,6 +239,8 @@ cores_section() {
     echo "| log-on check, MD5, 100,000 files, minimised | ${c[logon]} |"
     echo "| the same with 1 worker | ${c[logon1]} |"
     echo "| the same with no worker (all on the window's thread) | ${c[logon0]} |"
+    echo "| open, read and close alone, 100,000 files, 1 thread | ${c[tree_floor1]} |"
+    echo "| the same on $processors threads | ${c[tree_floor2]} |"
     echo "| xargs cat, 20,000 small files | ${c[small_cat]} |"
     echo "| the checksums of a pass, CRC-32, 20,000 small files | ${c[small]} |"
     echo "| the same with no worker | ${c[small0]} |"
@@ -247,7 +253,9 @@ cores_section() {
     echo
     echo "- log-on check MD5 / hashdeep -c md5 -r: $(ratio "${c[logon]}" "${c[hashdeep]}") (at most 1.5)"
     echo "- log-on check MD5 / md5deep -r: $(ratio "${c[logon]}" "${c[md5deep]}")"
+    echo "- the floor under Wine, 100,000 files, open, read and close alone on $processors threads / hashdeep: $(ratio "${c[tree_floor2]}" "${c[hashdeep]}")"
     echo "- 1 worker / $processors workers: $(ratio "${c[logon1]}" "${c[logon]}") (at least 1.6)"
+    echo "- the floor's own gain, 1 thread / $processors threads over the 100,000 files: $(ratio "${c[tree_floor1]}" "${c[tree_floor2]}")"
     echo "- 20,000 small files, CRC-32 / xargs cat: $(ratio "${c[small]}" "${c[small_cat]}") (at most 1.5)"
     echo "- the floor under Wine, open, read and close alone on $processors threads / xargs cat: $(ratio "${c[floor2]}" "${c[small_cat]}")"
     echo "- primary full scan, 20,000 / 2,000 files: $(ratio "${c[primary20000]}" "${c[primary2000]}") (at most 12)"
