@@ -93,6 +93,20 @@ Journey::Click cancelAt(std::string file) {
     };
 }
 
+// The pause holds the walk at its file with workers reading ahead: every pump under it finds the same file, until
+// Resume lets the scan run to its end.
+TEST(ParallelScanPause, HoldsTheWalkAtItsFileUntilResume) {
+    const Outcome run = scan({"Paused", "CRC32", 7, pauseAt("changed.dll")}, true);
+    std::size_t paused = 0;
+    for (const std::string& screen : run) {
+        if (!screen.ends_with("|paused")) continue;
+        EXPECT_TRUE(screen.starts_with("changed.dll|")) << screen;
+        ++paused;
+    }
+    EXPECT_GE(paused, 3u);  // the click's own pump and the two waits under the pause
+    EXPECT_EQ(run[run.size() - 2].find("cancelled"), std::string::npos);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Journeys, ParallelScan,
     ::testing::Values(Journey{"Sha1ReadBufferZero", "SHA1", 0, nullptr},
