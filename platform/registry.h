@@ -33,8 +33,10 @@ struct RegText {
 };
 
 // Two parts of a key path or an entry's name, joined by `separator`: exact
-// where either part is. The program's own parts (the watched keys, the value
-// names it asks for) are plain ASCII, the same in the code page and in UTF-16.
+// where either part is. A part spelled in the code page goes into the exact
+// form byte for byte, which is right for ASCII only: the parts joined to a
+// name read from the registry are the program's own (the watched keys, the
+// value names it asks for), which are plain ASCII.
 RegText joinedRegText(const RegText& front, std::string_view separator, const RegText& back);
 
 // On a 64-bit system a key can exist twice: in the 64-bit view and in the

@@ -118,13 +118,16 @@ std::u16string keyPath(HKEY key) {
     }
 }
 
-// A path the code page spells opens through the ANSI call, as on every
-// system; one holding a name it cannot spell (read by the wide calls, so not
-// on the Windows 9x family) through the wide one.
+// Keys open through the wide call: by their exact names, and whatever the
+// path's length (the ANSI call may convert the path into a buffer of
+// MAX_PATH characters, where a long service name would open nothing). The
+// Windows 9x family, whose wide call is a stub, opens the code page's spelling.
 LONG openIn(HKEY root, const RegText& subKey, REGSAM rights, HKEY& opened) {
-    if (!subKey.spelledExactly() && wideCalls().openKey)
-        return wideCalls().openKey(root, wide(subKey.exact), 0, rights, &opened);
-    return ::RegOpenKeyExA(root, subKey.text.c_str(), 0, rights, &opened);
+    const auto openWide = wideCalls().openKey;
+    const LONG result =
+        openWide ? openWide(root, wide(utf16Of(subKey)), 0, rights, &opened) : ERROR_CALL_NOT_IMPLEMENTED;
+    return result == ERROR_CALL_NOT_IMPLEMENTED ? ::RegOpenKeyExA(root, subKey.text.c_str(), 0, rights, &opened)
+                                                : result;
 }
 
 // Whether the other view's key is the native view's own, as the shared

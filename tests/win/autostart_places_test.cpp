@@ -121,7 +121,8 @@ TEST_F(AutostartPlacesTest, EachGroupWarnsOfItsTypicalEntryUntilScanAndUpdateAcc
 }
 
 TEST_F(AutostartPlacesTest, SubKeysTheCodePageCannotSpellHideNothingAndAreDeletedExactly) {
-    // Two programs' sub-keys that both read "Tv?.exe" in the code page, and a service of such a name.
+    // Two programs' sub-keys that both read "Tv?.exe" in any code page, a service of such a name, and one whose
+    // path is longer than MAX_PATH.
     const std::wstring hijacks = L"Software\\Microsoft\\Windows NT\\CurrentVersion\\Image File Execution Options\\";
     const auto putWide = [](const std::wstring& key, const wchar_t* name, const std::wstring& data) {
         HKEY made = nullptr;
@@ -138,15 +139,19 @@ TEST_F(AutostartPlacesTest, SubKeysTheCodePageCannotSpellHideNothingAndAreDelete
         ::RegCloseKey(key);
         return found;
     };
-    putWide(hijacks + L"Tv\u4E2D.exe", L"Debugger", L"C:\\tv\\one.exe");
-    putWide(hijacks + L"Tv\u6587.exe", L"Debugger", L"C:\\tv\\two.exe");
-    putWide(L"System\\CurrentControlSet\\Services\\Tv\u4E2D", L"ImagePath", L"C:\\tv\\svc.exe");
+    putWide(hijacks + L"Tv\u0F40.exe", L"Debugger", L"C:\\tv\\one.exe");
+    putWide(hijacks + L"Tv\u0F41.exe", L"Debugger", L"C:\\tv\\two.exe");
+    putWide(L"System\\CurrentControlSet\\Services\\Tv\u0F40", L"ImagePath", L"C:\\tv\\svc.exe");
+    const std::string longName = "Tv" + std::string(240, 'l');
+    putWide(L"System\\CurrentControlSet\\Services\\" + std::wstring(longName.begin(), longName.end()), L"ImagePath",
+            L"C:\\tv\\long.exe");
     pass.setReg();
-    EXPECT_EQ(warnings(), (Texts{kLm + "Image Hijacks\\%Tv%u4E2D.exe\\Debugger (C:\\tv\\one.exe) New Entry!",
-                                 kLm + "Image Hijacks\\%Tv%u6587.exe\\Debugger (C:\\tv\\two.exe) New Entry!",
-                                 kLm + "Services\\%Tv%u4E2D\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
+    EXPECT_EQ(warnings(), (Texts{kLm + "Image Hijacks\\%Tv%u0F40.exe\\Debugger (C:\\tv\\one.exe) New Entry!",
+                                 kLm + "Image Hijacks\\%Tv%u0F41.exe\\Debugger (C:\\tv\\two.exe) New Entry!",
+                                 kLm + "Services\\" + longName + "\\ImagePath (C:\\tv\\long.exe) New Entry!",
+                                 kLm + "Services\\%Tv%u0F40\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
     EXPECT_EQ(deleteRow(2), question("Debugger", "HKEY_LOCAL_MACHINE\\" + kNt + "Image File Execution Options\\Tv?.exe"));
-    EXPECT_TRUE(!debugger(L"Tv\u6587.exe") && debugger(L"Tv\u4E2D.exe"));
+    EXPECT_TRUE(!debugger(L"Tv\u0F41.exe") && debugger(L"Tv\u0F40.exe"));
 }
 
 }  // namespace
