@@ -97,9 +97,12 @@ void RegistryPass::passLocation(RegClass& reg, const WatchedLocation& location, 
         if (!value.spelledExactly() || !isDefaultOpenCommand(value.text)) {
             RegText stored = storedTextOf(value);
             const ValuePlace place{root.hive, RegText(location.keyPath), viewBits, name, location.removal()};
-            // The tree shows the name as the registry has it; a second value
-            // with the same text in the group's location gets no node.
-            if (tree.addNode(locationKey, valueNodeKey(location.groupIndex, suffix, stored.text), name.text + stored.text))
+            // The tree shows the name as the registry has it (control
+            // characters as "%0D" and the like, so that none cuts or breaks
+            // the label); a second value with the same text in the group's
+            // location gets no node.
+            if (tree.addNode(locationKey, valueNodeKey(location.groupIndex, suffix, stored.text),
+                             shownName(name) + stored.text))
                 nodePlaces_[tree.nodes().size() - 1] = place;
             std::string key;
             const EntryCheck result = checkRegEntry(name, stored, section, key, record);

@@ -126,7 +126,7 @@ void RegistryPass::passEntry(const PlaceNode& node, const RegText& name, const s
     const bool record = ctx_.regNew || recordedSections_.count(node.section) > 0;
     const EntryCheck result = checkRegEntry(name, stored, node.section, key, record, &line);
     ui::Control& tree = page_.TreeView1;
-    if (tree.addNode(node.key, "#" + node.section + "\\" + key + stored.text, name.text + stored.text))
+    if (tree.addNode(node.key, "#" + node.section + "\\" + key + stored.text, shownName(name) + stored.text))
         nodePlaces_[tree.nodes().size() - 1] = place;
     for (const auto& [text, check] : warningsOf(result, value, line, split)) {
         page_.List5.addItem(warningRow(node.rootText, node.tail, key, text, check));

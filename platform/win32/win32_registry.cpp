@@ -1,5 +1,6 @@
 #include <vector>
 
+#include "platform/win32/counted_registry_names.h"
 #include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 #include "platform/win32/win32_system.h"
@@ -122,12 +123,38 @@ std::u16string keyPath(HKEY key) {
 // path's length (the ANSI call may convert the path into a buffer of
 // MAX_PATH characters, where a long service name would open nothing). The
 // Windows 9x family, whose wide call is a stub, opens the code page's spelling.
+// A path with a NUL in a name opens in two steps: the keys in front of that
+// name through the wide call, which also turns a predefined key into a handle
+// the system's own calls know, then the rest by its counted form.
 LONG openIn(HKEY root, const RegText& subKey, REGSAM rights, HKEY& opened) {
     const auto openWide = wideCalls().openKey;
-    const LONG result =
-        openWide ? openWide(root, wide(utf16Of(subKey)), 0, rights, &opened) : ERROR_CALL_NOT_IMPLEMENTED;
+    const std::u16string path = utf16Of(subKey);
+    if (openWide && holdsNul(path)) {
+        const std::size_t split = path.rfind(u'\\', path.find(u'\0'));
+        if (split == std::u16string::npos) return ERROR_FILE_NOT_FOUND;  // no watched key lies directly below a root
+        HKEY base = nullptr;
+        LONG result = openWide(root, wide(path.substr(0, split)), 0, rights, &base);
+        if (result != ERROR_SUCCESS) return result;
+        result = openKeyByCountedName(base, path.substr(split + 1), rights, opened);
+        ::RegCloseKey(base);
+        return result;
+    }
+    const LONG result = openWide ? openWide(root, wide(path), 0, rights, &opened) : ERROR_CALL_NOT_IMPLEMENTED;
     return result == ERROR_CALL_NOT_IMPLEMENTED ? ::RegOpenKeyExA(root, subKey.text.c_str(), 0, rights, &opened)
                                                 : result;
+}
+
+LONG queryValueWide(HKEY key, const std::u16string& name, DWORD& type, std::vector<BYTE>& data) {
+    const auto queryWide = wideCalls().queryValue;
+    if (!queryWide) return ERROR_CALL_NOT_IMPLEMENTED;
+    DWORD size = 1024;
+    for (LONG result = ERROR_MORE_DATA; result != ERROR_SUCCESS;) {
+        data.resize(size);
+        result = queryWide(key, wide(name), nullptr, &type, data.data(), &size);
+        if (result != ERROR_SUCCESS && result != ERROR_MORE_DATA) return result;
+    }
+    data.resize(size);
+    return ERROR_SUCCESS;
 }
 
 // Whether the other view's key is the native view's own, as the shared
@@ -221,18 +248,13 @@ long Win32Registry::enumValue(Key key, std::uint32_t index, RegText& name) {
 }
 
 long Win32Registry::queryValue(Key key, const RegText& name, RegValue& value) {
-    const auto queryWide = wideCalls().queryValue;
     const std::u16string valueName = utf16Of(name);
-    DWORD type = 0, size = 1024;
+    DWORD type = 0;
     std::vector<BYTE> data;
-    for (LONG result = ERROR_MORE_DATA; result != ERROR_SUCCESS;) {
-        data.resize(size);
-        result = queryWide ? queryWide(handleOf(key), wide(valueName), nullptr, &type, data.data(), &size)
-                           : ERROR_CALL_NOT_IMPLEMENTED;
-        if (result == ERROR_CALL_NOT_IMPLEMENTED) return queryValueInCodePage(handleOf(key), name.text, value);
-        if (result != ERROR_SUCCESS && result != ERROR_MORE_DATA) return result;
-    }
-    data.resize(size);
+    const LONG result = holdsNul(valueName) ? queryValueByCountedName(handleOf(key), valueName, type, data)
+                                            : queryValueWide(handleOf(key), valueName, type, data);
+    if (result == ERROR_CALL_NOT_IMPLEMENTED) return queryValueInCodePage(handleOf(key), name.text, value);
+    if (result != ERROR_SUCCESS) return result;
     value.type = type;
     value.exact.clear();
     if (!isStringType(type)) {
@@ -249,7 +271,10 @@ long Win32Registry::queryValue(Key key, const RegText& name, RegValue& value) {
 
 long Win32Registry::deleteValue(Key key, const RegText& name) {
     const auto deleteWide = wideCalls().deleteValue;
-    const LONG result = deleteWide ? deleteWide(handleOf(key), wide(utf16Of(name))) : ERROR_CALL_NOT_IMPLEMENTED;
+    const std::u16string valueName = utf16Of(name);
+    const LONG result = holdsNul(valueName) ? deleteValueByCountedName(handleOf(key), valueName)
+                        : deleteWide      ? deleteWide(handleOf(key), wide(valueName))
+                                          : ERROR_CALL_NOT_IMPLEMENTED;
     return result == ERROR_CALL_NOT_IMPLEMENTED ? ::RegDeleteValueA(handleOf(key), name.text.c_str()) : result;
 }
 

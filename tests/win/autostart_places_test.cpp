@@ -150,8 +150,47 @@ TEST_F(AutostartPlacesTest, SubKeysTheCodePageCannotSpellHideNothingAndAreDelete
                                  kLm + "Image Hijacks\\%Tv%u0F41.exe\\Debugger (C:\\tv\\two.exe) New Entry!",
                                  kLm + "Services\\" + longName + "\\ImagePath (C:\\tv\\long.exe) New Entry!",
                                  kLm + "Services\\%Tv%u0F40\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
-    EXPECT_EQ(deleteRow(2), question("Debugger", "HKEY_LOCAL_MACHINE\\" + kNt + "Image File Execution Options\\Tv?.exe"));
+    EXPECT_EQ(deleteRow(2),
+              question("Debugger", "HKEY_LOCAL_MACHINE\\" + kNt + "Image File Execution Options\\Tv?.exe"));
     EXPECT_TRUE(!debugger(L"Tv\u0F41.exe") && debugger(L"Tv\u0F40.exe"));
+}
+
+// Names with a NUL, which the Win32 calls cut short: planted through the system's counted names.
+TEST_F(AutostartPlacesTest, NamesHoldingANulHideNothingAndAreDeletedExactly) {
+    struct Counted { USHORT length, maximum; const wchar_t* text; };
+    struct Where { ULONG size; HANDLE root; const Counted* name; ULONG attributes; void *sd, *qos; };
+    const auto ntdll = ::GetModuleHandleA("ntdll.dll");
+    using CreateKey = LONG(WINAPI*)(HANDLE*, ACCESS_MASK, const Where*, ULONG, void*, ULONG, ULONG*);
+    const auto createKey = reinterpret_cast<CreateKey>(reinterpret_cast<void*>(::GetProcAddress(ntdll, "NtCreateKey")));
+    const auto setValue = reinterpret_cast<LONG(WINAPI*)(HANDLE, const Counted*, ULONG, ULONG, const void*, ULONG)>(
+        reinterpret_cast<void*>(::GetProcAddress(ntdll, "NtSetValueKey")));
+    const auto counted = [](const std::wstring& text) {
+        return Counted{USHORT(text.size() * 2), USHORT(text.size() * 2), text.c_str()};
+    };
+    const auto plant = [&](HKEY root, const std::string& key, const std::wstring& sub, const std::wstring& name,
+                           const std::wstring& data) {
+        HANDLE made = makeKey(root, key);
+        if (!sub.empty()) {
+            const Counted subName = counted(sub);
+            const Where where{sizeof(Where), made, &subName, 0x40, nullptr, nullptr};
+            HANDLE parent = std::exchange(made, nullptr);
+            ASSERT_EQ(createKey(&made, KEY_ALL_ACCESS, &where, 0, nullptr, REG_OPTION_VOLATILE, nullptr), 0);
+            ::RegCloseKey(static_cast<HKEY>(parent));
+        }
+        const Counted valueName = counted(name);
+        ASSERT_EQ(setValue(made, &valueName, 0, REG_SZ, data.c_str(), ULONG((data.size() + 1) * 2)), 0);
+        ::RegCloseKey(static_cast<HKEY>(made));
+    };
+    plant(CU, kRun, L"", std::wstring(L"TvRun\0Hidden", 12), L"C:\\tv\\run.exe");
+    plant(LM, kCcs + "Services", std::wstring(L"TvSvc\0Hidden", 12), L"ImagePath", L"C:\\tv\\svc.exe");
+    pass.setReg();
+    EXPECT_EQ(warnings(), (Texts{"HKEY_CURRENT_USER|Loaded in \\%TvRun%00Hidden (C:\\tv\\run.exe) New Entry!",
+                                 kLm + "Services\\%TvSvc%00Hidden\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
+    EXPECT_EQ(page.TreeView1.fullPath(node("!LSV") + 1),
+              "HKEY_LOCAL_MACHINE\\Loaded in Services\\TvSvc%00Hidden\\ImagePath (C:\\tv\\svc.exe)");
+    EXPECT_EQ(deleteRow(1), question("TvRun%00Hidden", "HKEY_CURRENT_USER\\" + kRun));
+    RegClass run(registry);
+    EXPECT_TRUE(run.openRegistry(hive::CurrentUser, kRun) && run.getAllValues().empty());
 }
 
 }  // namespace
