@@ -45,7 +45,7 @@ std::vector<std::string> RegClass::getAllSubDirectories() {
     return listUntilFailure<std::string>([this](std::uint32_t index, std::string& name) {
         RegText found;
         if (registry_.enumKey(key_, index, found) != 0) return false;
-        name = std::move(found.text);
+        name = cutAtNul(found.text);
         return true;
     });
 }

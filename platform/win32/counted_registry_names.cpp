@@ -59,7 +59,7 @@ CountedName counted(const std::u16string& text) {
 bool holdsNul(const std::u16string& name) { return name.find(u'\0') != std::u16string::npos; }
 
 LONG openKeyByCountedName(HKEY base, const std::u16string& path, REGSAM rights, HKEY& opened) {
-    if (!ntCalls().openKey || !ntCalls().toDosError) return ERROR_CALL_NOT_IMPLEMENTED;
+    if (!ntCalls().openKey || !ntCalls().toDosError) return ERROR_FILE_NOT_FOUND;
     const CountedName name = counted(path);
     const ObjectAttributes where{sizeof(ObjectAttributes), base, &name, kCaseInsensitive, nullptr, nullptr};
     HANDLE handle = nullptr;
@@ -69,7 +69,7 @@ LONG openKeyByCountedName(HKEY base, const std::u16string& path, REGSAM rights, 
 }
 
 LONG queryValueByCountedName(HKEY key, const std::u16string& name, DWORD& type, std::vector<BYTE>& data) {
-    if (!ntCalls().queryValueKey || !ntCalls().toDosError) return ERROR_CALL_NOT_IMPLEMENTED;
+    if (!ntCalls().queryValueKey || !ntCalls().toDosError) return ERROR_FILE_NOT_FOUND;
     const CountedName valueName = counted(name);
     std::vector<BYTE> buffer(sizeof(PartialValue) + 1024);
     for (;;) {
@@ -91,7 +91,7 @@ LONG queryValueByCountedName(HKEY key, const std::u16string& name, DWORD& type, 
 }
 
 LONG deleteValueByCountedName(HKEY key, const std::u16string& name) {
-    if (!ntCalls().deleteValueKey || !ntCalls().toDosError) return ERROR_CALL_NOT_IMPLEMENTED;
+    if (!ntCalls().deleteValueKey || !ntCalls().toDosError) return ERROR_FILE_NOT_FOUND;
     const CountedName valueName = counted(name);
     return errorOf(ntCalls().deleteValueKey(key, &valueName));
 }

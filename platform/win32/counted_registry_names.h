@@ -4,7 +4,8 @@
 // or value, or none, which is how such names hide from the registry editor.
 // These calls go through the system's own counted names instead. Only the
 // Windows NT family has them (and only it can hold such names): elsewhere
-// they answer ERROR_CALL_NOT_IMPLEMENTED. Results are Win32 error codes.
+// they answer ERROR_FILE_NOT_FOUND, never falling back on a name cut short,
+// which would reach another key or value. Results are Win32 error codes.
 #pragma once
 
 #include <string>

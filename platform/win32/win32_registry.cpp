@@ -129,11 +129,14 @@ std::u16string keyPath(HKEY key) {
 LONG openIn(HKEY root, const RegText& subKey, REGSAM rights, HKEY& opened) {
     const auto openWide = wideCalls().openKey;
     const std::u16string path = utf16Of(subKey);
-    if (openWide && holdsNul(path)) {
+    if (holdsNul(path)) {
         const std::size_t split = path.rfind(u'\\', path.find(u'\0'));
-        if (split == std::u16string::npos) return ERROR_FILE_NOT_FOUND;  // no watched key lies directly below a root
+        // No watched key lies directly below a root.
+        if (!openWide || split == std::u16string::npos) return ERROR_FILE_NOT_FOUND;
+        // A relative open asks nothing of the key in front but its view.
         HKEY base = nullptr;
-        LONG result = openWide(root, wide(path.substr(0, split)), 0, rights, &base);
+        LONG result = openWide(root, wide(path.substr(0, split)), 0,
+                               KEY_QUERY_VALUE | (rights & (KEY_WOW64_32KEY | KEY_WOW64_64KEY)), &base);
         if (result != ERROR_SUCCESS) return result;
         result = openKeyByCountedName(base, path.substr(split + 1), rights, opened);
         ::RegCloseKey(base);

@@ -182,15 +182,17 @@ TEST_F(AutostartPlacesTest, NamesHoldingANulHideNothingAndAreDeletedExactly) {
         ::RegCloseKey(static_cast<HKEY>(made));
     };
     plant(CU, kRun, L"", std::wstring(L"TvRun\0Hidden", 12), L"C:\\tv\\run.exe");
+    putText(CU, kRun, "TvRun", "C:\\tv\\twin.exe");  // what the name reads as, cut at its NUL
     plant(LM, kCcs + "Services", std::wstring(L"TvSvc\0Hidden", 12), L"ImagePath", L"C:\\tv\\svc.exe");
     pass.setReg();
-    EXPECT_EQ(warnings(), (Texts{"HKEY_CURRENT_USER|Loaded in \\%TvRun%00Hidden (C:\\tv\\run.exe) New Entry!",
+    EXPECT_EQ(warnings(), (Texts{"HKEY_CURRENT_USER|Loaded in \\TvRun (C:\\tv\\twin.exe) New Entry!",
+                                 "HKEY_CURRENT_USER|Loaded in \\%TvRun%00Hidden (C:\\tv\\run.exe) New Entry!",
                                  kLm + "Services\\%TvSvc%00Hidden\\ImagePath (C:\\tv\\svc.exe) New Entry!"}));
     EXPECT_EQ(page.TreeView1.fullPath(node("!LSV") + 1),
               "HKEY_LOCAL_MACHINE\\Loaded in Services\\TvSvc%00Hidden\\ImagePath (C:\\tv\\svc.exe)");
-    EXPECT_EQ(deleteRow(1), question("TvRun%00Hidden", "HKEY_CURRENT_USER\\" + kRun));
+    EXPECT_EQ(deleteRow(2), question("TvRun%00Hidden", "HKEY_CURRENT_USER\\" + kRun));
     RegClass run(registry);
-    EXPECT_TRUE(run.openRegistry(hive::CurrentUser, kRun) && run.getAllValues().empty());
+    EXPECT_TRUE(run.openRegistry(hive::CurrentUser, kRun) && run.getAllValues() == std::vector{RegText("TvRun")});
 }
 
 }  // namespace
