@@ -10,7 +10,7 @@ DEBIAN_PACKAGES := cmake make g++ g++-mingw-w64-x86-64 g++-mingw-w64-i686 \
 
 BENCH_PACKAGES := hyperfine rhash 7zip openssl util-linux python3 hashdeep
 
-.PHONY: run test bench build release stats deps clean
+.PHONY: run test bench build release stats screenshots deps clean
 
 run: deps
 	@tools/run-program.sh
@@ -26,6 +26,11 @@ bench: deps
 # Installers and the portable archive: build/release/
 release: deps
 	@tools/make-release.sh
+
+# The README's pictures, from the windows the last make test walked through
+screenshots:
+	@ls build/screenshots/*.png >/dev/null 2>&1 || { echo "No pictures yet: run make test first."; exit 1; }
+	@cp build/screenshots/*.png docs/screenshots/ && echo "docs/screenshots/ now shows the last make test's windows."
 
 # Lines of program and tests, and the tests' share of the program
 stats:

@@ -67,10 +67,12 @@ wait_for_primary_scan() {  # data file
     auto wait-window "Welcome to Tarvelon" >/dev/null
 }
 
-# A picture of one window in docs/screenshots/ (SCREENSHOTS), more than blank. Under Wine without a window
-# manager, a window wholly inside another visible one stays black: the corner keeps it clear of them.
+# A picture of one window in build/screenshots/ (SCREENSHOTS), more than blank; `make screenshots` puts them
+# beside the README. Under Wine without a window manager, a window wholly inside another visible one stays black:
+# the corner keeps it clear of them.
 shoot() {  # window title, picture name
     local width height left top colours=0
+    mkdir -p "$SCREENSHOTS"
     [ "$1" == "Welcome to Tarvelon" ] || auto move "$1" 0 0 >/dev/null
     read -r width height left top <<<"$(auto settle "$1")"
     xwd -root -silent | convert xwd:- -crop "${width}x${height}+${left}+${top}" +repage -strip "$SCREENSHOTS/$2.png"
