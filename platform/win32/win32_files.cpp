@@ -1,6 +1,7 @@
 #include "platform/win32/win32_files.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
@@ -9,7 +10,7 @@ namespace tv::win32 {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
-constexpr int kFindExInfoBasic = 1;          // no short names: Windows 7 and later
+constexpr int kFindExInfoStandard = 0;       // with the short names
 constexpr DWORD kFindFirstExLargeFetch = 2;  // entries in large batches: Windows 7 and later
 
 UniqueFile openForReading(const std::string& path) {
@@ -79,22 +80,32 @@ UniqueFile openForAppending(const std::string& path) {
     return file;
 }
 
-// Newer systems hand the entries over in large batches and skip the short
-// names nobody here asks for; Windows XP and 98 list the plain way.
+// Newer systems hand the entries over in large batches; Windows XP and 98
+// list the plain way.
 HANDLE startListing(const std::string& folder, WIN32_FIND_DATAA& found) {
     using FindFirstFileExFunction = HANDLE(WINAPI*)(LPCSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD);
     static const auto findFirstEx = systemFunction<FindFirstFileExFunction>("kernel32.dll", "FindFirstFileExA");
     const std::string pattern = folder + "*";
     if (findFirstEx) {
-        HANDLE search = findFirstEx(pattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoBasic), &found,
+        HANDLE search = findFirstEx(pattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoStandard), &found,
                                     FindExSearchNameMatch, nullptr, kFindFirstExLargeFetch);
         if (search != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_INVALID_PARAMETER) return search;
     }
     return ::FindFirstFileA(pattern.c_str(), &found);
 }
 
+// A name the code page cannot spell is listed with "?" for the letters it
+// lacks, which no call can open: such a file would be checked as unreadable
+// whatever it holds. It goes by its short name, which opens (where the volume
+// keeps short names, as the system's own does). "?" stands in no real name,
+// so every other name is given as listed.
+std::string openableName(const WIN32_FIND_DATAA& found) {
+    if (std::strchr(found.cFileName, '?') && found.cAlternateFileName[0]) return found.cAlternateFileName;
+    return found.cFileName;
+}
+
 ListedName listed(const WIN32_FIND_DATAA& found) {
-    return {found.cFileName, (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow};
+    return {openableName(found), (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow};
 }
 
 }  // namespace
@@ -192,7 +203,7 @@ std::string Win32Files::firstName(const std::string& folder) {
     ahead_.clear();
     listing_.reset(startListing(folder, found));
     if (!listing_.valid()) return {};
-    return found.cFileName;
+    return openableName(found);
 }
 
 std::string Win32Files::nextName() {
@@ -224,7 +235,7 @@ std::vector<FolderEntry> Win32Files::listFolder(const std::string& folder) const
     UniqueFind listing(::FindFirstFileA((folder + "*").c_str(), &found));
     if (!listing.valid()) return entries;
     do {
-        const std::string name = found.cFileName;
+        const std::string name = openableName(found);
         if (name != "." && name != "..") entries.push_back({name, isFolderAttribute(found.dwFileAttributes)});
     } while (::FindNextFileA(listing.get(), &found));
     return entries;

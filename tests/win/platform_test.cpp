@@ -63,9 +63,16 @@ TEST_F(Platform, FilesFoldersAndListingsWhateverTheirAttributes) {
     }
     ::SetFileAttributesA(path("walk\\system.dll").c_str(), FILE_ATTRIBUTE_SYSTEM);
     ::SetFileAttributesA(path("walk\\Hidden").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    // A name the code page cannot spell comes by a name that opens, with its extension.
+    const std::string walk = path("walk\\");
+    const std::wstring unspellable = std::wstring(walk.begin(), walk.end()) + L"Tv\u0F40.dll";
+    ::CloseHandle(::CreateFileW(unspellable.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
     std::set<std::string> names;
-    for (std::string name = files.firstName(path("walk\\")); !name.empty(); name = files.nextName()) names.insert(name);
-    EXPECT_EQ(names, expected);
+    for (std::string name = files.firstName(walk); !name.empty(); name = files.nextName())
+        if (!expected.erase(name)) names.insert(name);
+    EXPECT_TRUE(expected.empty());
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_TRUE(files.canRead(walk + *names.begin()) && names.begin()->ends_with(".DLL")) << *names.begin();
     EXPECT_EQ(files.firstName(path("no-such-folder\\")) + files.nextName(), "");  // a failed start ends the listing
 }
 
