@@ -1,7 +1,6 @@
 #include "platform/win32/win32_files.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
@@ -80,32 +79,106 @@ UniqueFile openForAppending(const std::string& path) {
     return file;
 }
 
-// Newer systems hand the entries over in large batches; Windows XP and 98
-// list the plain way.
-HANDLE startListing(const std::string& folder, WIN32_FIND_DATAA& found) {
-    using FindFirstFileExFunction = HANDLE(WINAPI*)(LPCSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD);
-    static const auto findFirstEx = systemFunction<FindFirstFileExFunction>("kernel32.dll", "FindFirstFileExA");
-    const std::string pattern = folder + "*";
-    if (findFirstEx) {
-        HANDLE search = findFirstEx(pattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoStandard), &found,
-                                    FindExSearchNameMatch, nullptr, kFindFirstExLargeFetch);
-        if (search != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_INVALID_PARAMETER) return search;
+// One entry of a listing, named as the program names files: in the code page.
+struct Entry {
+    std::string name;
+    DWORD attributes = 0;
+    std::uint64_t byteCount = 0;
+};
+
+std::uint64_t sizeOf(DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; }
+
+std::string spelled(const wchar_t* text) {
+    const int count = ::WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    std::string spelling(static_cast<std::size_t>(std::max(count, 1)), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, text, -1, spelling.data(), count, nullptr, nullptr);
+    spelling.resize(spelling.size() - 1);
+    return spelling;
+}
+
+// Whether the code page's spelling of `text` leads back to it.
+bool spellsBack(const std::string& spelling, const wchar_t* text) {
+    const int count = ::MultiByteToWideChar(CP_ACP, 0, spelling.c_str(), -1, nullptr, 0);
+    std::wstring back(static_cast<std::size_t>(std::max(count, 1)), L'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, spelling.c_str(), -1, back.data(), count);
+    const wchar_t* unit = back.c_str();  // compared by hand: Windows 98's runtime has no wcscmp
+    while (*unit && *unit == *text) ++unit, ++text;
+    return *unit == *text;
+}
+
+// A name the code page cannot spell is written with "?" for a letter it
+// lacks, or with a look-alike (a dotless "i" as "i"), and no call opens it by that
+// spelling: such a file would be checked as unreadable whatever it held, or a
+// neighbour of the look-alike name checked in its place. It goes by its short
+// name, which opens, where the volume keeps one (the system's own does).
+// Every other name is spelled as the ANSI listing spells it.
+Entry entryOf(const WIN32_FIND_DATAW& found) {
+    Entry entry{spelled(found.cFileName), found.dwFileAttributes, sizeOf(found.nFileSizeHigh, found.nFileSizeLow)};
+    if (!spellsBack(entry.name, found.cFileName) && found.cAlternateFileName[0]) {
+        std::string shortName = spelled(found.cAlternateFileName);
+        if (spellsBack(shortName, found.cAlternateFileName)) entry.name = std::move(shortName);
     }
-    return ::FindFirstFileA(pattern.c_str(), &found);
+    return entry;
 }
 
-// A name the code page cannot spell is listed with "?" for the letters it
-// lacks, which no call can open: such a file would be checked as unreadable
-// whatever it holds. It goes by its short name, which opens (where the volume
-// keeps short names, as the system's own does). "?" stands in no real name,
-// so every other name is given as listed.
-std::string openableName(const WIN32_FIND_DATAA& found) {
-    if (std::strchr(found.cFileName, '?') && found.cAlternateFileName[0]) return found.cAlternateFileName;
-    return found.cFileName;
+Entry entryOf(const WIN32_FIND_DATAA& found) {
+    return {found.cFileName, found.dwFileAttributes, sizeOf(found.nFileSizeHigh, found.nFileSizeLow)};
 }
 
-ListedName listed(const WIN32_FIND_DATAA& found) {
-    return {openableName(found), (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow};
+// The listing calls: wide on the Windows NT family, where names are UTF-16,
+// looked up because the Windows 9x family has stubs or nothing; there the
+// code page's calls list what that system holds, which the code page spells.
+struct ListingCalls {
+    using FindFirstExW = HANDLE(WINAPI*)(LPCWSTR, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID, DWORD);
+    using FindNextW = BOOL(WINAPI*)(HANDLE, LPWIN32_FIND_DATAW);
+    FindFirstExW firstWide = systemFunction<FindFirstExW>("kernel32.dll", "FindFirstFileExW");
+    FindNextW nextWide = systemFunction<FindNextW>("kernel32.dll", "FindNextFileW");
+};
+
+const ListingCalls& listingCalls() {
+    static const ListingCalls calls;
+    return calls;
+}
+
+// Starts listing `folder` with its first entry; `wide` says which calls go on
+// with it. Newer systems hand the entries over in large batches; Windows XP
+// and Vista refuse the large batches and list the plain way.
+HANDLE startListing(const std::string& folder, Entry& first, bool& wide) {
+    const ListingCalls& calls = listingCalls();
+    wide = calls.firstWide && calls.nextWide;
+    if (wide) {
+        const std::string pattern = folder + "*";
+        const int count = ::MultiByteToWideChar(CP_ACP, 0, pattern.c_str(), -1, nullptr, 0);
+        std::wstring widePattern(static_cast<std::size_t>(std::max(count, 1)), L'\0');
+        ::MultiByteToWideChar(CP_ACP, 0, pattern.c_str(), -1, widePattern.data(), count);
+        WIN32_FIND_DATAW found;
+        HANDLE search = INVALID_HANDLE_VALUE;
+        for (const DWORD batches : {kFindFirstExLargeFetch, DWORD{0}}) {
+            search = calls.firstWide(widePattern.c_str(), static_cast<FINDEX_INFO_LEVELS>(kFindExInfoStandard), &found,
+                                     FindExSearchNameMatch, nullptr, batches);
+            if (search != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_INVALID_PARAMETER) break;
+        }
+        if (search != INVALID_HANDLE_VALUE) first = entryOf(found);
+        if (search != INVALID_HANDLE_VALUE || ::GetLastError() != ERROR_CALL_NOT_IMPLEMENTED) return search;
+        wide = false;
+    }
+    WIN32_FIND_DATAA found;
+    HANDLE search = ::FindFirstFileA((folder + "*").c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) first = entryOf(found);
+    return search;
+}
+
+bool nextEntry(HANDLE listing, bool wide, Entry& entry) {
+    if (wide) {
+        WIN32_FIND_DATAW found;
+        if (!listingCalls().nextWide(listing, &found)) return false;
+        entry = entryOf(found);
+        return true;
+    }
+    WIN32_FIND_DATAA found;
+    if (!::FindNextFileA(listing, &found)) return false;
+    entry = entryOf(found);
+    return true;
 }
 
 }  // namespace
@@ -199,11 +272,11 @@ bool Win32Files::remove(const std::string& path) { return ::DeleteFileA(path.c_s
 // Every name the system lists is given, whatever its attributes: hidden and
 // system files are where malware hides.
 std::string Win32Files::firstName(const std::string& folder) {
-    WIN32_FIND_DATAA found;
+    Entry first;
     ahead_.clear();
-    listing_.reset(startListing(folder, found));
+    listing_.reset(startListing(folder, first, wideListing_));
     if (!listing_.valid()) return {};
-    return openableName(found);
+    return first.name;
 }
 
 std::string Win32Files::nextName() {
@@ -220,24 +293,24 @@ const ListedName* Win32Files::peekName(std::size_t ahead) {
 }
 
 bool Win32Files::readNext() {
-    WIN32_FIND_DATAA found;
-    if (!listing_.valid() || !::FindNextFileA(listing_.get(), &found)) {
+    Entry entry;
+    if (!listing_.valid() || !nextEntry(listing_.get(), wideListing_, entry)) {
         listing_.reset();
         return false;
     }
-    ahead_.push_back(listed(found));
+    ahead_.push_back({std::move(entry.name), entry.byteCount});
     return true;
 }
 
 std::vector<FolderEntry> Win32Files::listFolder(const std::string& folder) const {
     std::vector<FolderEntry> entries;
-    WIN32_FIND_DATAA found;
-    UniqueFind listing(::FindFirstFileA((folder + "*").c_str(), &found));
+    Entry entry;
+    bool wide = false;
+    UniqueFind listing(startListing(folder, entry, wide));
     if (!listing.valid()) return entries;
     do {
-        const std::string name = openableName(found);
-        if (name != "." && name != "..") entries.push_back({name, isFolderAttribute(found.dwFileAttributes)});
-    } while (::FindNextFileA(listing.get(), &found));
+        if (entry.name != "." && entry.name != "..") entries.push_back({entry.name, isFolderAttribute(entry.attributes)});
+    } while (nextEntry(listing.get(), wide, entry));
     return entries;
 }
 

@@ -34,6 +34,7 @@ private:
     bool readNext();  // one more entry of the listing into ahead_
 
     UniqueFind listing_;           // the one directory cursor of the process
+    bool wideListing_ = false;     // whether it goes on with the wide calls
     std::deque<ListedName> ahead_;  // entries read from it and not yet given
 };
 
