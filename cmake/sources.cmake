@@ -113,6 +113,7 @@ set(TARVELON_WIN32_SOURCES
   platform/win32/win32_profile_files.cpp
   platform/win32/win32_registry.cpp
   platform/win32/counted_registry_names.cpp
+  platform/win32/code_page_text.cpp
   platform/win32/pending_texts.cpp
   platform/win32/pictures.cpp
   platform/win32/win32_renderer.cpp

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/win32/code_page_text.h"
 #include "platform/win32/win32_base.h"
 
 #include <oleauto.h>
@@ -34,9 +35,6 @@ public:
 private:
     Interface* p_ = nullptr;
 };
-
-// A text of the system's 8-bit code page as UTF-16, for the COM calls.
-std::wstring wideText(const std::string& text);
 
 class UniqueBstr {
 public:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/win32/code_page_text.h"
 #include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
 
@@ -88,23 +89,7 @@ struct Entry {
 
 std::uint64_t sizeOf(DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; }
 
-std::string spelled(const wchar_t* text) {
-    const int count = ::WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string spelling(static_cast<std::size_t>(std::max(count, 1)), '\0');
-    ::WideCharToMultiByte(CP_ACP, 0, text, -1, spelling.data(), count, nullptr, nullptr);
-    spelling.resize(spelling.size() - 1);
-    return spelling;
-}
-
-// Whether the code page's spelling of `text` leads back to it.
-bool spellsBack(const std::string& spelling, const wchar_t* text) {
-    const int count = ::MultiByteToWideChar(CP_ACP, 0, spelling.c_str(), -1, nullptr, 0);
-    std::wstring back(static_cast<std::size_t>(std::max(count, 1)), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, spelling.c_str(), -1, back.data(), count);
-    const wchar_t* unit = back.c_str();  // compared by hand: Windows 98's runtime has no wcscmp
-    while (*unit && *unit == *text) ++unit, ++text;
-    return *unit == *text;
-}
+std::u16string_view unitsOf(const wchar_t* name) { return reinterpret_cast<const char16_t*>(name); }
 
 // A name the code page cannot spell is written with "?" for a letter it
 // lacks, or with a look-alike (a dotless "i" as "i"), and no call opens it by that
@@ -113,10 +98,11 @@ bool spellsBack(const std::string& spelling, const wchar_t* text) {
 // name, which opens, where the volume keeps one (the system's own does).
 // Every other name is spelled as the ANSI listing spells it.
 Entry entryOf(const WIN32_FIND_DATAW& found) {
-    Entry entry{spelled(found.cFileName), found.dwFileAttributes, sizeOf(found.nFileSizeHigh, found.nFileSizeLow)};
-    if (!spellsBack(entry.name, found.cFileName) && found.cAlternateFileName[0]) {
-        std::string shortName = spelled(found.cAlternateFileName);
-        if (spellsBack(shortName, found.cAlternateFileName)) entry.name = std::move(shortName);
+    const std::u16string_view name = unitsOf(found.cFileName), shortName = unitsOf(found.cAlternateFileName);
+    Entry entry{codePageText(name), found.dwFileAttributes, sizeOf(found.nFileSizeHigh, found.nFileSizeLow)};
+    if (!spellsBack(entry.name, name) && !shortName.empty()) {
+        std::string shortSpelling = codePageText(shortName);
+        if (spellsBack(shortSpelling, shortName)) entry.name = std::move(shortSpelling);
     }
     return entry;
 }
@@ -147,10 +133,7 @@ HANDLE startListing(const std::string& folder, Entry& first, bool& wide) {
     const ListingCalls& calls = listingCalls();
     wide = calls.firstWide && calls.nextWide;
     if (wide) {
-        const std::string pattern = folder + "*";
-        const int count = ::MultiByteToWideChar(CP_ACP, 0, pattern.c_str(), -1, nullptr, 0);
-        std::wstring widePattern(static_cast<std::size_t>(std::max(count, 1)), L'\0');
-        ::MultiByteToWideChar(CP_ACP, 0, pattern.c_str(), -1, widePattern.data(), count);
+        const std::wstring widePattern = wideText(folder + "*");
         WIN32_FIND_DATAW found;
         HANDLE search = INVALID_HANDLE_VALUE;
         for (const DWORD batches : {kFindFirstExLargeFetch, DWORD{0}}) {
@@ -334,15 +317,6 @@ std::optional<std::uint64_t> Win32Files::length(const std::string& path) const {
     return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
-std::string Win32Files::codePageText(std::u16string_view units) const {
-    static_assert(sizeof(wchar_t) == sizeof(char16_t));
-    if (units.empty()) return {};
-    const auto* wide = reinterpret_cast<const wchar_t*>(units.data());
-    const int length = static_cast<int>(units.size());
-    const int count = ::WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, nullptr, nullptr);
-    std::string text(static_cast<std::size_t>(count), '\0');
-    ::WideCharToMultiByte(CP_ACP, 0, wide, length, text.data(), count, nullptr, nullptr);
-    return text;
-}
+std::string Win32Files::codePageText(std::u16string_view units) const { return win32::codePageText(units); }
 
 }  // namespace tv::win32

@@ -1,5 +1,6 @@
 #include <vector>
 
+#include "platform/win32/code_page_text.h"
 #include "platform/win32/counted_registry_names.h"
 #include "platform/win32/system_function.h"
 #include "platform/win32/unique_handle.h"
@@ -15,29 +16,12 @@ HKEY handleOf(Registry::Key key) { return reinterpret_cast<HKEY>(key); }
 HKEY rootOf(std::uint32_t root) { return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(root)); }
 const wchar_t* wide(const std::u16string& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 
-std::string codePageText(const wchar_t* text, std::size_t length) {
-    if (length == 0) return {};
-    const int count = ::WideCharToMultiByte(CP_ACP, 0, text, static_cast<int>(length), nullptr, 0, nullptr, nullptr);
-    std::string spelled(static_cast<std::size_t>(count), '\0');
-    ::WideCharToMultiByte(CP_ACP, 0, text, static_cast<int>(length), spelled.data(), count, nullptr, nullptr);
-    return spelled;
-}
-
-std::u16string utf16Text(const std::string& text) {
-    if (text.empty()) return {};
-    const int count = ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-    std::u16string units(static_cast<std::size_t>(count), u'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
-                          reinterpret_cast<wchar_t*>(units.data()), count);
-    return units;
-}
-
 // The code page's spelling, and the UTF-16 itself where that spelling does
 // not lead back to it (a character without a letter in the code page, or one
 // the system spells with a look-alike).
 RegText fromUtf16(std::u16string units) {
-    std::string spelled = codePageText(reinterpret_cast<const wchar_t*>(units.data()), units.size());
-    if (utf16Text(spelled) == units) return RegText(std::move(spelled));
+    std::string spelled = codePageText(units);
+    if (spellsBack(spelled, units)) return RegText(std::move(spelled));
     return RegText(std::move(spelled), std::move(units));
 }
 

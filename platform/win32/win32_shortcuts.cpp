@@ -8,14 +8,6 @@
 
 namespace tv::win32 {
 
-std::wstring wideText(const std::string& text) {
-    if (text.empty()) return {};
-    const int count = ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(count), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide.data(), count);
-    return wide;
-}
-
 namespace {
 
 // Calls a named member of a scripting object by late binding: a method with
